@@ -1,0 +1,41 @@
+# The functions every CMakeLists.txt of this project builds its targets with: one place for warnings,
+# sanitizers and include roots.
+
+add_library(TolvaneFlags INTERFACE)
+target_compile_options(TolvaneFlags INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual)
+# A compiler newer than those we build with may warn of more: that must not keep a person from
+# building.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 15)
+    target_compile_options(TolvaneFlags INTERFACE -Werror)
+endif()
+if(TOLVANE_SANITIZERS)
+    target_compile_options(TolvaneFlags INTERFACE
+        -fsanitize=${TOLVANE_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(TolvaneFlags INTERFACE -fsanitize=${TOLVANE_SANITIZERS})
+endif()
+
+# Gives `target` an include root that holds nothing but a link to its own folder, so that a header
+# of a library that is not linked cannot be included by accident.
+function(tolvane_include_root target name)
+    set(root ${CMAKE_BINARY_DIR}/include/${target})
+    file(MAKE_DIRECTORY ${root})
+    file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${root}/${name} SYMBOLIC)
+    target_include_directories(${target} PUBLIC ${root})
+endfunction()
+
+# tolvane_library(HostKit AS HostKit SOURCES ... LINKS ... PRIVATE_LINKS ...)
+function(tolvane_library target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "AS" "SOURCES;LINKS;PRIVATE_LINKS")
+    add_library(${target} STATIC ${arg_SOURCES})
+    tolvane_include_root(${target} ${arg_AS})
+    target_link_libraries(${target} PUBLIC ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS} TolvaneFlags)
+endfunction()
+
+# tolvane_test(HostKitTests SOURCES ... LINKS ...): one test program, each of its cases known to ctest.
+function(tolvane_test target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;LABELS")
+    add_executable(${target} ${arg_SOURCES})
+    target_link_libraries(${target} PRIVATE ${arg_LINKS} TestSupport GTest::gmock_main TolvaneFlags)
+    gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+endfunction()

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <HostKit/FileManager.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tolvane {
+
+/// Walks everything below a directory in pre-order, listing order within a directory. Links are
+/// entries like others and never followed, not even at the root. Iterative, so that depth costs no
+/// stack.
+class DeepEnumerator {
+  public:
+    struct Options {
+        bool skipsHidden = false;
+        /// Directories whose extension (any case) is listed here are entries but are not entered.
+        std::vector<std::string> opaqueExtensions = {};
+        std::function<bool()> isCancelled = {};
+    };
+    /// Called with every directory that could not be listed; the walk goes on behind it.
+    using ErrorHandler = std::function<void(const FileURL&, SystemError)>;
+
+    DeepEnumerator(const FileManager& files, const FileURL& root, Options options,
+                   ErrorHandler onError = {});
+    ~DeepEnumerator();
+
+    /// Moves to the next item; false when there is none left.
+    bool next();
+    /// The current item's name; valid until the next call of `next()`.
+    std::string_view name() const;
+    FileURL url() const;
+    Result<ResourceValues, SystemError> values();
+    /// The current item is not entered.
+    void skipDescendants();
+
+  private:
+    struct Level {
+        std::unique_ptr<Directory> directory;
+        std::size_t position = 0;
+        std::size_t pathLength = 0;
+    };
+
+    void enterCurrent();
+    bool isOpaque(std::string_view name) const;
+    void leaveLevel();
+
+    Options options_;
+    ErrorHandler onError_;
+    std::vector<Level> levels_;
+    std::string path_;
+    bool mayEnter_ = false;
+};
+
+}

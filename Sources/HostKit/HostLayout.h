@@ -1,0 +1,84 @@
+#pragma once
+
+#include <HostKit/FileURL.h>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tolvane {
+
+using EnvironmentVariables = std::map<std::string, std::string>;
+
+/// Every place, list and table in which one operating system differs from another: a plain record,
+/// handed to whatever needs a part of it. Nothing takes a path from anywhere else.
+struct HostLayout {
+    /// Folders of the current user.
+    struct Locations {
+        FileURL home;
+        /// Holds "Logs" with the application's log and the crash reports.
+        FileURL libraryDirectory;
+        FileURL downloads;
+        FileURL userDefaultsFile;
+        /// The Trash of the volume that the home folder lies on.
+        FileURL homeTrash;
+        /// Everything below it may be deleted and made again; absent where the system marks files.
+        std::optional<FileURL> purgeableFolder;
+    };
+
+    struct AccessProbe {
+        std::string label;
+        FileURL url;
+    };
+    /// Files that only a process with full access can read, in the order in which they are tried.
+    struct Access {
+        std::vector<AccessProbe> probes;
+    };
+
+    /// What is protected on this system besides the fixed lists.
+    struct Protection {
+        std::vector<std::string> additionalPrefixes;
+        std::vector<std::string> additionalExactPaths;
+    };
+
+    struct Exclusions {
+        /// Whether the mount table adds to the fixed list of a scan.
+        bool usesMountTable = false;
+    };
+
+    struct QuickPlace {
+        std::string title;
+        std::string symbol;
+        FileURL url;
+    };
+
+    /// Where the system tells about itself; a test points them elsewhere.
+    struct Sources {
+        FileURL proc;
+        FileURL sys;
+    };
+
+    Locations locations;
+    Access access;
+    Protection protection;
+    Exclusions exclusions;
+    std::vector<QuickPlace> quickLocations;
+    Sources sources;
+    /// Where the home folders really lie, when "/home" is only a link to it ("/var/home").
+    std::optional<std::string> homeAlias;
+
+    /// `url` under "/home" when it was named by `homeAlias`; protection knows the homes by that
+    /// name.
+    FileURL underHome(const FileURL& url) const;
+
+    /// macOS. Compiles everywhere, so that its rules are tested everywhere.
+    static HostLayout darwin(const FileURL& home);
+    /// Systems that follow the freedesktop conventions (XDG Base Directory specification 0.8).
+    static HostLayout freedesktop(const FileURL& home, const EnvironmentVariables& environment);
+    /// The layout of this machine for the current user.
+    static HostLayout current();
+};
+
+}
