@@ -1,0 +1,18 @@
+#pragma once
+
+#include <HostKit/Result.h>
+#include <HostKit/linux/Descriptor.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tolvane {
+
+/// What `file` holds from its position on, at most `limit` bytes.
+Result<std::string, SystemError> readContents(const Descriptor& file, std::size_t limit);
+
+/// Writes all of `content`; an error leaves what was written so far.
+Result<void, SystemError> writeContents(const Descriptor& file, std::string_view content);
+
+}
