@@ -40,13 +40,15 @@ class DeepEnumerator {
   private:
     struct Level {
         std::unique_ptr<Directory> directory;
-        std::size_t position = 0;
+        std::size_t current = 0;
+        std::size_t next = 0;
         std::size_t pathLength = 0;
     };
 
     void enterCurrent();
+    void enter(Result<std::unique_ptr<Directory>, SystemError> opened);
+    Listing listing() const;
     bool isOpaque(std::string_view name) const;
-    void leaveLevel();
 
     Options options_;
     ErrorHandler onError_;

@@ -16,6 +16,9 @@ std::size_t stepLength(std::string_view path) {
 
 Result<Descriptor, SystemError> openAt(int directory, std::string_view path, int flags,
                                        mode_t mode) {
+    if (path.find('\0') != std::string_view::npos) {
+        return tl::unexpected(SystemError{EINVAL});
+    }
     const std::string terminated(path);
     Descriptor opened(::openat(directory, terminated.c_str(), flags | O_CLOEXEC, mode));
     if (!opened.isOpen()) {
