@@ -1,0 +1,36 @@
+#include <ScanKit/ExcludedPrefixes.h>
+#include <ScanKit/FileTreeScanner.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace tolvane {
+namespace {
+
+/// Adds `prefix` unless the scan's root lies there or the list leaves it out already.
+void addPrefix(std::vector<std::string>& list, std::string prefix, const FileURL& root) {
+    const bool isListed = std::any_of(list.begin(), list.end(), [&](const std::string& listed) {
+        return liesWithin(prefix, listed);
+    });
+    if (!isListed && !liesWithin(root.path(), prefix)) {
+        list.push_back(std::move(prefix));
+    }
+}
+
+}
+
+std::vector<std::string> excludedPrefixes(const FileURL& root, const HostLayout& layout,
+                                          const MountTable& mounts) {
+    std::vector<std::string> list;
+    for (const std::string& prefix : FileTreeScanner::defaultExcludedPrefixes()) {
+        addPrefix(list, prefix, root);
+    }
+    if (layout.exclusions.usesMountTable) {
+        for (std::string& mountPoint : mounts.excludedMounts(root)) {
+            addPrefix(list, std::move(mountPoint), root);
+        }
+    }
+    return list;
+}
+
+}
