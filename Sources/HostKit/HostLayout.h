@@ -2,6 +2,7 @@
 
 #include <HostKit/FileURL.h>
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -66,6 +67,8 @@ struct HostLayout {
     Exclusions exclusions;
     std::vector<QuickPlace> quickLocations;
     Sources sources;
+    /// The user whose Trash folders are used, by number; absent: the one this process runs as.
+    std::optional<std::uint32_t> userID;
     /// Where the home folders really lie, when "/home" is only a link to it ("/var/home").
     std::optional<std::string> homeAlias;
 

@@ -27,6 +27,8 @@ class Descriptor {
 
     int number() const { return number_; }
     bool isOpen() const { return number_ >= 0; }
+    /// Hands the descriptor over to the caller, who closes it.
+    int release() { return std::exchange(number_, -1); }
     void reset() {
         if (number_ >= 0) {
             ::close(number_);
