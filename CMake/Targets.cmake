@@ -5,7 +5,7 @@ add_library(TolvaneFlags INTERFACE)
 target_compile_options(TolvaneFlags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual)
 # g++ 12 takes `"text" + std::string` for overlapping copies (gcc.gnu.org/PR105651).
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 14)
     target_compile_options(TolvaneFlags INTERFACE -Wno-restrict)
 endif()
 # A compiler newer than those we build with may warn of more: that must not keep a person from

@@ -16,15 +16,17 @@ std::size_t stepLength(std::string_view path) {
 
 Result<Descriptor, SystemError> openAt(int directory, std::string_view path, int flags,
                                        mode_t mode) {
-    if (path.find('\0') != std::string_view::npos) {
-        return tl::unexpected(SystemError{EINVAL});
-    }
     const std::string terminated(path);
     Descriptor opened(::openat(directory, terminated.c_str(), flags | O_CLOEXEC, mode));
     if (!opened.isOpen()) {
         return tl::unexpected(SystemError::last());
     }
     return opened;
+}
+
+/// The system would take the text before it for the path of another item.
+bool holdsNul(std::string_view path) {
+    return path.find('\0') != std::string_view::npos;
 }
 
 std::string_view withoutLeadingSeparators(std::string_view path) {
@@ -35,6 +37,9 @@ std::string_view withoutLeadingSeparators(std::string_view path) {
 }
 
 Result<Descriptor, SystemError> openPath(std::string_view path, int flags, mode_t mode) {
+    if (holdsNul(path)) {
+        return tl::unexpected(SystemError{EINVAL});
+    }
     Descriptor directory;
     while (path.size() >= PATH_MAX) {
         const std::size_t length = stepLength(path);
@@ -54,6 +59,9 @@ Result<Descriptor, SystemError> openPath(std::string_view path, int flags, mode_
 }
 
 Result<ItemPlace, SystemError> openParent(std::string_view path) {
+    if (holdsNul(path)) {
+        return tl::unexpected(SystemError{EINVAL});
+    }
     while (path.size() > 1 && path.back() == '/') {
         path.remove_suffix(1);
     }
