@@ -66,7 +66,8 @@ std::string flat(std::int64_t files) {
 }
 
 std::string chain(std::int64_t levels, std::int64_t filesPerLevel) {
-    const std::string name = "chain-" + std::to_string(levels) + "-" + std::to_string(filesPerLevel);
+    const std::string name =
+        "chain-" + std::to_string(levels) + "-" + std::to_string(filesPerLevel);
     return made(name, [&](const fs::path& root) {
         fs::path folder = root;
         for (std::int64_t level = 0; level < levels; ++level) {

@@ -6,7 +6,8 @@
 namespace tolvane {
 
 /// A tree of empty files for measurements, made once and kept between runs below
-/// `$TOLVANE_BENCHMARK_TREES` (default: "tolvane-benchmark-trees" in the folder for temporary files).
+/// `$TOLVANE_BENCHMARK_TREES` (default: "tolvane-benchmark-trees" in the folder for temporary
+/// files).
 namespace MadeTree {
 
 /// `files` files spread evenly over `folders` folders, which lie ten to a folder.

@@ -1,5 +1,6 @@
 /// Prints what a scan costs beside the bare system calls and `du -s` over the same tree, all in one
-/// run on one core with a warm cache: CPU seconds, ratios, peak memory, bytes a kept node.
+/// run with a warm cache: CPU seconds, ratios, peak memory, bytes a kept node, and what it costs to
+/// print the result. `--large` adds trees of a million and of three million files.
 
 #include "BareWalk.h"
 #include "MadeTree.h"
@@ -9,7 +10,6 @@
 #include <ScanKit/FileTreeScanner.h>
 
 #include <fmt/format.h>
-
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -80,9 +80,16 @@ ScanOutcome scan(const std::string& tree, const ScanOptions& options) {
     return scanner.scan(FileURL(tree));
 }
 
-void runDu(const std::string& tree) {
-    std::freopen("/dev/null", "w", stdout);
-    ::execlp("du", "du", "-s", tree.c_str(), nullptr);
+/// Becomes another program, its output thrown away.
+void become(const std::vector<std::string>& command) {
+    std::vector<char*> arguments;
+    for (const std::string& argument : command) {
+        arguments.push_back(const_cast<char*>(argument.c_str()));
+    }
+    arguments.push_back(nullptr);
+    if (std::freopen("/dev/null", "w", stdout) != nullptr) {
+        ::execvp(arguments.front(), arguments.data());
+    }
     ::_exit(127);
 }
 
@@ -99,7 +106,17 @@ Contender oursInDetail(const std::string& tree) {
 }
 
 Contender du(const std::string& tree) {
-    return {"du -s", [tree] { runDu(tree); }};
+    return {"du -s", [tree] { become({"du", "-s", tree}); }};
+}
+
+Contender text(const std::string& programs, const std::string& tree) {
+    return {"tolvanectl", [=] { become({programs + "/tolvanectl", "scan", tree}); }};
+}
+
+Contender json(const std::string& programs, const std::string& tree) {
+    return {"tolvanectl --json", [=] {
+                become({programs + "/tolvanectl", "--json", "scan", tree});
+            }};
 }
 
 void compare(const std::string& title, const std::vector<Contender>& contenders, int rounds,
@@ -128,22 +145,24 @@ void printBytesPerNode(const std::string& title, const std::string& tree) {
         const ScanOutcome outcome = scan(tree, fullScanOptions({}));
         const NodeTotals all = totals(outcome.root);
         const std::int64_t nodes = all.listedFileCount + all.listedDirectoryCount;
-        fmt::print("{}: {} kept nodes, at most {:.0f} bytes each (peak of the whole scan)\n", title,
-                   nodes,
-                   static_cast<double>(residentKibibytes() - before) * 1024 /
-                       static_cast<double>(nodes));
+        fmt::print(
+            "{}: {} kept nodes, at most {:.0f} bytes each (peak of the whole scan)\n", title, nodes,
+            static_cast<double>(residentKibibytes() - before) * 1024 / static_cast<double>(nodes));
     });
 }
 
-void runAll(bool isLarge) {
+void runAll(const std::string& programs, bool isLarge) {
     const std::string spread = MadeTree::spread(300'000, 30'000);
-    compare("300,000 files in 30,000 folders", {bare(spread), ours(spread), du(spread)}, 7, 330'000);
+    compare("300,000 files in 30,000 folders", {bare(spread), ours(spread), du(spread)}, 7,
+            330'000);
     const std::string flat = MadeTree::flat(300'000);
     compare("300,000 files in one folder", {bare(flat), ours(flat), du(flat)}, 5, 300'000);
     const std::string chain = MadeTree::chain(200, 100);
     compare("a chain 200 levels deep, 100 files each", {bare(chain), ours(chain), du(chain)}, 15,
             20'200);
     printBytesPerNode("300,000 files in 30,000 folders", spread);
+    compare("the same, printed", {ours(spread), text(programs, spread), json(programs, spread)}, 5,
+            330'000);
     if (!isLarge) {
         return;
     }
@@ -161,6 +180,7 @@ void runAll(bool isLarge) {
 
 int main(int argc, char** argv) {
     const bool isLarge = argc > 1 && std::strcmp(argv[1], "--large") == 0;
-    tolvane::runAll(isLarge);
+    const std::string program = argv[0];
+    tolvane::runAll(program.substr(0, program.rfind('/')), isLarge);
     return 0;
 }
