@@ -1,6 +1,7 @@
 #include <HostKit/FileManager.h>
 #include <HostKit/HostLayout.h>
 #include <HostKit/linux/Contents.h>
+#include <HostKit/linux/Directories.h>
 #include <HostKit/linux/DirectoryChain.h>
 #include <HostKit/linux/ItemStatus.h>
 #include <HostKit/linux/LongPath.h>
@@ -14,21 +15,6 @@ namespace tolvane {
 namespace {
 
 constexpr int readFlags = O_RDONLY | O_NONBLOCK | O_NOCTTY;
-
-/// Every component in turn, below an open directory: the way to make folders at any depth.
-Result<Descriptor, SystemError> enterOrMake(Descriptor directory, std::string_view name) {
-    const std::string terminated(name);
-    const bool made = ::mkdirat(directory.number(), terminated.c_str(), 0777) == 0;
-    const SystemError makeError = SystemError::last();
-    Descriptor entered(
-        ::openat(directory.number(), terminated.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    if (entered.isOpen()) {
-        return entered;
-    }
-    const SystemError enterError = SystemError::last();
-    const bool couldNotMake = !made && enterError.code == ENOENT;
-    return tl::unexpected(couldNotMake ? makeError : enterError);
-}
 
 class LinuxFileManager final : public FileManager {
   public:
@@ -90,18 +76,9 @@ class LinuxFileManager final : public FileManager {
     }
 
     Result<void, SystemError> createDirectories(const FileURL& url) const override {
-        std::string_view rest = url.path();
-        Result<Descriptor, SystemError> directory =
-            openPath(rest.starts_with('/') ? "/" : ".", O_PATH | O_DIRECTORY);
-        while (directory && !rest.empty()) {
-            const std::size_t end = rest.find('/');
-            if (const std::string_view name = rest.substr(0, end); !name.empty()) {
-                directory = enterOrMake(std::move(*directory), name);
-            }
-            rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
-        }
-        if (!directory) {
-            return tl::unexpected(directory.error());
+        const Result<Descriptor, SystemError> made = makeDirectories(url.path(), 0777);
+        if (!made) {
+            return tl::unexpected(made.error());
         }
         return {};
     }
