@@ -1,0 +1,77 @@
+#include <ArborviewKit/TreeIndex.h>
+#include <ScanKit/FileNode.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace tolvane {
+namespace {
+
+/// The random bits that an id begins with: enough to tell nearly all apart without the id.
+std::uint64_t leadingBits(const Identifier& id) {
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, id.data, sizeof bits);
+    return bits;
+}
+
+bool precedes(const Identifier& a, const Identifier& b) {
+    const std::uint64_t leadingA = leadingBits(a);
+    const std::uint64_t leadingB = leadingBits(b);
+    return leadingA != leadingB ? leadingA < leadingB : a < b;
+}
+
+}
+
+TreeIndex::TreeIndex(const FileNode& root) {
+    append(root, nowhere);
+    sortByID();
+}
+
+Bytes TreeIndex::append(const FileNode& node, Position parent) {
+    const Position position = count();
+    nodes_.push_back(&node);
+    parents_.push_back(parent);
+    childCounts_.push_back(static_cast<std::uint32_t>(node.children().size()));
+    ends_.push_back(position + 1);
+    sizes_.push_back(0);
+    Bytes size = sum(node.allocatedSize(), node.hiddenBytes());
+    for (const FileNode& child : node.children()) {
+        add(size, append(child, position));
+    }
+    ends_[position] = count();
+    sizes_[position] = size;
+    return size;
+}
+
+void TreeIndex::sortByID() {
+    struct Key {
+        std::uint64_t leading;
+        Position position;
+    };
+    std::vector<Key> keys;
+    keys.reserve(nodes_.size());
+    for (Position position = 0; position < count(); ++position) {
+        keys.push_back({leadingBits(nodes_[position]->id()), position});
+    }
+    std::sort(keys.begin(), keys.end(), [this](const Key& a, const Key& b) {
+        return a.leading != b.leading ? a.leading < b.leading
+                                      : nodes_[a.position]->id() < nodes_[b.position]->id();
+    });
+    byID_.reserve(keys.size());
+    for (const Key& key : keys) {
+        byID_.push_back(key.position);
+    }
+}
+
+std::optional<TreeIndex::Position> TreeIndex::find(const Identifier& id) const {
+    const auto found = std::lower_bound(byID_.begin(), byID_.end(), id,
+                                        [this](Position position, const Identifier& wanted) {
+                                            return precedes(nodes_[position]->id(), wanted);
+                                        });
+    if (found == byID_.end() || nodes_[*found]->id() != id) {
+        return std::nullopt;
+    }
+    return *found;
+}
+
+}
