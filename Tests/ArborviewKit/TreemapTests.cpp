@@ -111,7 +111,7 @@ TEST(TreemapLayout, countsSidesUnderOneUnitAsOne) {
     const std::vector<TreemapCell> single = layout({7}, {0, 0, 0.5, 0.5});
     ASSERT_EQ(single.size(), 1U);
     expectNear(single[0].rect, {0, 0, 0.25, 0.25});
-    const std::vector<TreemapCell> thin = layout({1e12, 9, 8, 1e-9}, {0, 0, 0.5, 300});
+    const std::vector<TreemapCell> thin = layout({1e15, 9, 8, 1e-9}, {0, 0, 0.5, 300});
     ASSERT_FALSE(thin.empty());
     expectNear(thin.front().rect, {0, 0, 1, 150});
     for (const TreemapCell& cell : thin) {
