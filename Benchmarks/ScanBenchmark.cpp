@@ -18,6 +18,8 @@
 #include <cstdio>
 #include <cstring>
 #include <functional>
+#include <iterator>
+#include <sstream>
 #include <vector>
 
 namespace tolvane {
@@ -109,6 +111,42 @@ Contender du(const std::string& tree) {
     return {"du -s", [tree] { become({"du", "-s", tree}); }};
 }
 
+bool isInstalled(const std::string& program) {
+    const char* variable = std::getenv("PATH");
+    std::istringstream folders(variable == nullptr ? "" : variable);
+    for (std::string folder; std::getline(folders, folder, ':');) {
+        if (::access((folder + "/" + program).c_str(), X_OK) == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Other programs that measure folders, those of them that this machine has.
+std::vector<Contender> peers(const std::string& tree) {
+    const std::vector<std::vector<std::string>> commands{
+        {"ncdu", "-0", "-o", "/dev/null", tree},
+        {"gdu", "--non-interactive", "--no-progress", "--summarize", tree},
+        {"dua", "aggregate", tree},
+        {"dust", "-d", "0", tree},
+        {"diskus", tree},
+    };
+    std::vector<Contender> found{du(tree)};
+    for (const std::vector<std::string>& command : commands) {
+        if (isInstalled(command.front())) {
+            found.push_back({command.front(), [command] { become(command); }});
+        }
+    }
+    return found;
+}
+
+/// The bare walk first, ours next, then the peers.
+std::vector<Contender> all(const std::string& tree) {
+    std::vector<Contender> contenders{bare(tree), ours(tree)};
+    std::ranges::move(peers(tree), std::back_inserter(contenders));
+    return contenders;
+}
+
 Contender text(const std::string& programs, const std::string& tree) {
     return {"tolvanectl", [=] { become({programs + "/tolvanectl", "scan", tree}); }};
 }
@@ -153,13 +191,11 @@ void printBytesPerNode(const std::string& title, const std::string& tree) {
 
 void runAll(const std::string& programs, bool isLarge) {
     const std::string spread = MadeTree::spread(300'000, 30'000);
-    compare("300,000 files in 30,000 folders", {bare(spread), ours(spread), du(spread)}, 7,
-            330'000);
+    compare("300,000 files in 30,000 folders", all(spread), 7, 330'000);
     const std::string flat = MadeTree::flat(300'000);
-    compare("300,000 files in one folder", {bare(flat), ours(flat), du(flat)}, 5, 300'000);
+    compare("300,000 files in one folder", all(flat), 5, 300'000);
     const std::string chain = MadeTree::chain(200, 100);
-    compare("a chain 200 levels deep, 100 files each", {bare(chain), ours(chain), du(chain)}, 15,
-            20'200);
+    compare("a chain 200 levels deep, 100 files each", all(chain), 15, 20'200);
     printBytesPerNode("300,000 files in 30,000 folders", spread);
     compare("the same, printed", {ours(spread), text(programs, spread), json(programs, spread)}, 5,
             330'000);
@@ -172,7 +208,7 @@ void runAll(const std::string& programs, bool isLarge) {
     const std::string worst = MadeTree::spread(250'000, 250'000);
     printBytesPerNode("250,000 files in 250,000 folders", worst);
     const std::string huge = MadeTree::spread(3'000'000, 300'000);
-    compare("3,000,000 files in 300,000 folders", {bare(huge), ours(huge), du(huge)}, 2, 3'300'000);
+    compare("3,000,000 files in 300,000 folders", all(huge), 2, 3'300'000);
 }
 
 }
