@@ -1,0 +1,209 @@
+#include "OwnMount.h"
+
+#include <Support/RemovalHome.h>
+#include <Support/TreeState.h>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace tolvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Volumes of its own: this program runs in a mount namespace made for it.
+class VolumeFault : public testing::Test {
+  protected:
+    /// The place in the Trash below the temporary home, or why the item is still where it was.
+    std::string remove(const std::string& relative) const {
+        const auto receipts = home.cleaner().moveToTrash({home.url(relative)}, home.url());
+        if (receipts) {
+            return receipts->front().trashed.path().substr(home.url().path().size() + 1);
+        }
+        const std::string start = "Could not move " + home.path(relative) + " to Trash: ";
+        const std::string description = receipts.error().description();
+        EXPECT_TRUE(description.starts_with(start)) << description;
+        return description.substr(std::min(description.size(), start.size()));
+    }
+    static ino_t inode(const std::string& path) {
+        struct stat status {};
+        EXPECT_EQ(::lstat(path.c_str(), &status), 0) << path;
+        return status.st_ino;
+    }
+    std::string personal(const std::string& volume) const {
+        return volume + "/.Trash-" + std::to_string(::geteuid());
+    }
+    std::string shared(const std::string& volume) const {
+        return volume + "/.Trash/" + std::to_string(::geteuid());
+    }
+
+    const std::string noTrash = "The volume has no Trash; the item was not moved";
+    RemovalHome home;
+};
+
+TEST_F(VolumeFault, noRoomForTheInfoFileLeavesTheItem) {
+    home.makeFolder("disk");
+    const OwnMount disk = OwnMount::memory(home.path("disk"), "size=200k,nr_inodes=8");
+    home.write("disk/item", "precious");
+    home.makeFolder(personal("disk") + "/files");
+    home.makeFolder(personal("disk") + "/info");
+    std::ofstream filler(home.path("disk/filler"));
+    filler << std::string(400000, 'x') << std::flush;
+    EXPECT_FALSE(filler) << "the volume was to be full";
+    const TreeState full = treeState(home.url().path());
+    EXPECT_EQ(remove("disk/item"), "No space left on device");
+    EXPECT_EQ(treeState(home.url().path()), full);
+
+    fs::resize_file(home.path("disk/filler"), 0);
+    for (char name = 'a'; std::ofstream(home.path("disk/") + name); ++name) {
+    }
+    const TreeState noInodes = treeState(home.url().path());
+    EXPECT_EQ(remove("disk/item"), "No space left on device");
+    EXPECT_EQ(treeState(home.url().path()), noInodes);
+}
+
+TEST_F(VolumeFault, noRoomForTheTrashItselfIsTold) {
+    home.makeFolder("disk");
+    const OwnMount disk = OwnMount::memory(home.path("disk"), "nr_inodes=2");
+    home.write("disk/item", "precious");
+    EXPECT_EQ(remove("disk/item"), "No space left on device");
+    EXPECT_EQ(home.read("disk/item"), "precious");
+}
+
+TEST_F(VolumeFault, readOnlyVolumeLeavesTheItem) {
+    home.makeFolder("disk");
+    const OwnMount disk = OwnMount::memory(home.path("disk"));
+    home.write("disk/item");
+    disk.makeReadOnly();
+    EXPECT_EQ(remove("disk/item"), "Read-only file system");
+    EXPECT_EQ(treeState(home.path("disk")), (TreeState{{"/item", "file "}}));
+}
+
+TEST_F(VolumeFault, readOnlyVolumeWithATrashLeavesTheItem) {
+    home.makeFolder("disk");
+    const OwnMount disk = OwnMount::memory(home.path("disk"));
+    home.write("disk/first");
+    home.write("disk/item");
+    EXPECT_EQ(remove("disk/first"), personal("disk") + "/files/first");
+    disk.makeReadOnly();
+    EXPECT_EQ(remove("disk/item"), "Read-only file system");
+    EXPECT_TRUE(home.has("disk/item"));
+}
+
+TEST_F(VolumeFault, sharedTrashIsUsedOnlyWhenItIsSafe) {
+    home.makeFolder("disk");
+    const OwnMount disk = OwnMount::memory(home.path("disk"));
+    home.makeFolder("disk/.Trash");
+    home.write("disk/a");
+    EXPECT_EQ(remove("disk/a"), personal("disk") + "/files/a") << "not sticky";
+    fs::permissions(home.path("disk/.Trash"), fs::perms::all | fs::perms::sticky_bit);
+    home.write("disk/sub/b");
+    EXPECT_EQ(remove("disk/sub/b"), shared("disk") + "/files/b");
+    EXPECT_TRUE(
+        home.read(shared("disk") + "/info/b.trashinfo").starts_with("[Trash Info]\nPath=sub/b\n"));
+    for (const std::string& folder : {shared("disk"), personal("disk")}) {
+        EXPECT_EQ(remove(folder + "/files"), "The item is already in the Trash");
+        EXPECT_EQ(remove(folder), "The folder contains the Trash");
+    }
+    EXPECT_EQ(remove("disk/.Trash"), "The folder contains the Trash");
+
+    fs::rename(home.path("disk/.Trash"), home.path("disk/elsewhere"));
+    home.makeLink("disk/.Trash", "elsewhere");
+    home.write("disk/c");
+    EXPECT_EQ(remove("disk/c"), personal("disk") + "/files/c") << "a link";
+}
+
+TEST_F(VolumeFault, linkInsteadOfATrashIsNeverWrittenThrough) {
+    home.makeFolder("disk");
+    home.makeFolder("outside");
+    const OwnMount disk = OwnMount::memory(home.path("disk"));
+    home.write("disk/item", "precious");
+    const auto expectRefused = [&](const std::string& link, const std::string& target) {
+        home.makeLink(link, home.path(target));
+        EXPECT_EQ(remove("disk/item"), noTrash) << link;
+        EXPECT_EQ(home.read("disk/item"), "precious");
+        EXPECT_TRUE(fs::is_empty(home.path(target)));
+        fs::remove_all(home.path(personal("disk")));
+    };
+    home.makeFolder("disk/other");
+    expectRefused(personal("disk"), "outside");
+    expectRefused(personal("disk") + "/files", "disk/other");
+    expectRefused(personal("disk") + "/info", "disk/other");
+}
+
+TEST_F(VolumeFault, linkInTheHomeTrashLeadsToTheNextPlace) {
+    home.makeFolder("disk");
+    const OwnMount disk = OwnMount::memory(home.path("disk"));
+    home.layout = HostLayout::freedesktop(home.url("disk/u"), {});
+    home.trash = systemTrash(home.layout);
+    home.makeLink("disk/u/.local/share/Trash/files", "../../../../x");
+    home.makeFolder("disk/u/x");
+    home.write("disk/u/item");
+    EXPECT_EQ(remove("disk/u/item"), personal("disk") + "/files/item");
+    EXPECT_TRUE(fs::is_empty(home.path("disk/u/x")));
+}
+
+TEST_F(VolumeFault, trashOfAnotherUserIsNotUsed) {
+    home.makeFolder("disk");
+    const OwnMount disk = OwnMount::memory(home.path("disk"));
+    home.makeFolder(personal("disk"));
+    home.write("disk/item");
+    if (::chown(home.path(personal("disk")).c_str(), 12345, 12345) != 0) {
+        GTEST_SKIP() << "only root can make folders of another owner";
+    }
+    EXPECT_EQ(remove("disk/item"), noTrash);
+    EXPECT_TRUE(home.has("disk/item"));
+    EXPECT_TRUE(fs::is_empty(home.path(personal("disk"))));
+}
+
+TEST_F(VolumeFault, everyVolumeKeepsItsOwn) {
+    home.makeFolder("disk");
+    const OwnMount disk = OwnMount::memory(home.path("disk"));
+    home.write("disk/sub/item", "content");
+    const ino_t before = inode(home.path("disk/sub/item"));
+    EXPECT_EQ(remove("disk/sub/item"), personal("disk") + "/files/item");
+    EXPECT_EQ(inode(home.path(personal("disk") + "/files/item")), before) << "never a copy";
+    const FileURL trashed = home.url(personal("disk") + "/files/item");
+    home.makeLink("way", "disk/sub");
+    EXPECT_TRUE(home.trash->putBack(trashed, home.url("way/item")));
+    EXPECT_EQ(inode(home.path("disk/sub/item")), before);
+    EXPECT_TRUE(fs::is_empty(home.path(personal("disk") + "/info")))
+        << "the info file tells of the same place without the link";
+    EXPECT_FALSE(home.has(".local")) << "the home Trash had no part in it";
+}
+
+TEST_F(VolumeFault, aliasOfTheSameDeviceKeepsItsOwn) {
+    home.makeFolder("alias");
+    home.write("data/item", "content");
+    const OwnMount alias = OwnMount::alias(home.path("data"), home.path("alias"));
+    home.write("alias/.Trash-" + std::to_string(::geteuid()));
+    EXPECT_EQ(remove("alias/item"), noTrash);
+    EXPECT_EQ(home.read("alias/item"), "content");
+    EXPECT_TRUE(fs::is_empty(home.path(".local/share/Trash/info")));
+    fs::remove(home.path(personal("alias")));
+    EXPECT_EQ(remove("alias/item"), personal("alias") + "/files/item");
+    EXPECT_EQ(remove(personal("data") + "/files/item"), "The item is already in the Trash")
+        << "by whatever path";
+}
+
+TEST_F(VolumeFault, mountPointsStayWhereTheyAre) {
+    home.makeFolder("folder/sub/disk");
+    home.makeFolder("alias");
+    const OwnMount disk = OwnMount::memory(home.path("folder/sub/disk"));
+    home.write("folder/sub/disk/file", "mounted");
+    const std::string contains = "The folder contains a mount point";
+    EXPECT_EQ(remove("folder"), contains);
+    EXPECT_EQ(remove("folder/sub"), contains);
+    EXPECT_EQ(remove("folder/sub/disk"), "The item is a mount point");
+    const OwnMount alias = OwnMount::alias(home.path("folder"), home.path("alias"));
+    EXPECT_EQ(remove("alias/sub"), contains) << "renamed there, it would carry the mount along";
+    EXPECT_EQ(home.read("folder/sub/disk/file"), "mounted");
+    EXPECT_FALSE(home.has(".local"));
+}
+
+}
+}
