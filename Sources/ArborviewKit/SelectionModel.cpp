@@ -15,6 +15,7 @@ void SelectionModel::load(std::shared_ptr<const ScannedTree> tree) {
     const std::size_t count = tree_ ? index().count() : 0;
     ticked_ = Bitmap(count);
     tickedChildren_.assign(count, 0);
+    selectedSize_ = 0;
     unknown_.clear();
 }
 
@@ -51,27 +52,8 @@ void SelectionModel::selectAll() {
 void SelectionModel::clear() {
     ticked_ = Bitmap(ticked_.count());
     std::fill(tickedChildren_.begin(), tickedChildren_.end(), 0U);
+    selectedSize_ = 0;
     unknown_.clear();
-}
-
-Bytes SelectionModel::selectedSize() const {
-    Bytes total = 0;
-    std::size_t clear = 0;
-    std::size_t next = ticked_.nextSet(0);
-    while (next < ticked_.count()) {
-        const auto position = static_cast<Position>(next);
-        const Position parent = index().parent(position);
-        if (parent == TreeIndex::nowhere || !ticked_[parent]) {
-            add(total, index().totalAllocatedSize(position));
-        }
-        if (clear <= next) {
-            clear = ticked_.nextClear(next);
-        }
-        const std::size_t end = index().end(position);
-        const bool isWhollyTicked = end <= clear;
-        next = ticked_.nextSet(isWhollyTicked ? end : next + 1);
-    }
-    return total;
 }
 
 std::vector<Identifier> SelectionModel::selectedIDs() const {
@@ -96,6 +78,7 @@ std::vector<FileNode> SelectionModel::topLevel() const {
 
 void SelectionModel::setSubtree(Position position, bool isTicked) {
     const Position end = index().end(position);
+    selectedSize_ = difference(selectedSize_, tickedSize(position));
     if (ticked_[position] != isTicked) {
         countAtParent(position, isTicked ? 1 : -1);
     }
@@ -104,6 +87,7 @@ void SelectionModel::setSubtree(Position position, bool isTicked) {
     if (isTicked) {
         const auto all = index().childCounts().begin();
         std::copy(all + position, all + end, counts + position);
+        add(selectedSize_, countedSize(position));
     } else {
         std::fill(counts + position, counts + end, 0U);
     }
@@ -113,7 +97,9 @@ void SelectionModel::propagateUp(Position position) {
     Position ancestor = index().parent(position);
     while (ancestor != TreeIndex::nowhere && !ticked_[ancestor] &&
            tickedChildren_[ancestor] == index().childCounts()[ancestor]) {
+        selectedSize_ = difference(selectedSize_, index().sizeOfChildren(ancestor));
         ticked_.set(ancestor);
+        add(selectedSize_, countedSize(ancestor));
         countAtParent(ancestor, 1);
         ancestor = index().parent(ancestor);
     }
@@ -124,6 +110,32 @@ void SelectionModel::countAtParent(Position position, int change) {
     if (parent != TreeIndex::nowhere) {
         tickedChildren_[parent] += static_cast<std::uint32_t>(change);
     }
+}
+
+Bytes SelectionModel::countedSize(Position position) const {
+    const Position parent = index().parent(position);
+    const bool isCountedAbove = parent != TreeIndex::nowhere && ticked_[parent];
+    return isCountedAbove ? 0 : index().totalAllocatedSize(position);
+}
+
+Bytes SelectionModel::tickedSize(Position top) const {
+    if (top == 0) {
+        return selectedSize_;
+    }
+    Bytes total = 0;
+    std::size_t clear = 0;
+    std::size_t next = ticked_.nextSet(top);
+    while (next < index().end(top)) {
+        const auto position = static_cast<Position>(next);
+        add(total, countedSize(position));
+        if (clear <= next) {
+            clear = ticked_.nextClear(next);
+        }
+        const std::size_t end = index().end(position);
+        const bool isWhollyTicked = end <= clear;
+        next = ticked_.nextSet(isWhollyTicked ? end : next + 1);
+    }
+    return total;
 }
 
 }

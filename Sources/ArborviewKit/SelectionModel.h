@@ -38,7 +38,7 @@ class SelectionModel {
     void clear();
 
     /// The sum over the selected items, without those whose parent is selected.
-    Bytes selectedSize() const;
+    Bytes selectedSize() const { return selectedSize_; }
     /// Each id once.
     std::vector<Identifier> selectedIDs() const;
     /// The selected items without those inside others, in the order of the tree.
@@ -50,6 +50,10 @@ class SelectionModel {
     void setSubtree(Position position, bool isTicked);
     void propagateUp(Position position);
     void countAtParent(Position position, int change);
+    /// What a ticked node adds to the selected size: nothing when its parent is ticked.
+    Bytes countedSize(Position position) const;
+    /// What all ticked nodes from `top` down add to the selected size.
+    Bytes tickedSize(Position top) const;
     const TreeIndex& index() const { return tree_->index(); }
 
     std::shared_ptr<const ScannedTree> tree_;
@@ -57,6 +61,7 @@ class SelectionModel {
     /// Of every node: how many of its children are ticked. A node whose children all are is ticked
     /// itself, as every change is carried up; so a state needs no walk.
     std::vector<std::uint32_t> tickedChildren_;
+    Bytes selectedSize_ = 0;
     /// Ticked ids that the tree does not hold; they have no size.
     std::set<Identifier> unknown_;
 };

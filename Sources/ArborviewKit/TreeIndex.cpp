@@ -7,6 +7,10 @@
 namespace tolvane {
 namespace {
 
+Bytes ownSize(const FileNode& node) {
+    return sum(node.allocatedSize(), node.hiddenBytes());
+}
+
 /// The random bits that an id begins with: enough to tell nearly all apart without the id.
 std::uint64_t leadingBits(const Identifier& id) {
     std::uint64_t bits = 0;
@@ -34,7 +38,7 @@ Bytes TreeIndex::append(const FileNode& node, Position parent) {
     childCounts_.push_back(static_cast<std::uint32_t>(node.children().size()));
     ends_.push_back(position + 1);
     sizes_.push_back(0);
-    Bytes size = sum(node.allocatedSize(), node.hiddenBytes());
+    Bytes size = ownSize(node);
     for (const FileNode& child : node.children()) {
         add(size, append(child, position));
     }
@@ -61,6 +65,10 @@ void TreeIndex::sortByID() {
     for (const Key& key : keys) {
         byID_.push_back(key.position);
     }
+}
+
+Bytes TreeIndex::sizeOfChildren(Position position) const {
+    return difference(sizes_[position], ownSize(*nodes_[position]));
 }
 
 std::optional<TreeIndex::Position> TreeIndex::find(const Identifier& id) const {

@@ -35,6 +35,8 @@ class TreeIndex {
     /// Of every node, by position.
     const std::vector<std::uint32_t>& childCounts() const { return childCounts_; }
     Bytes totalAllocatedSize(Position position) const { return sizes_[position]; }
+    /// The sum over the node's children; what is its own or hidden in it left out.
+    Bytes sizeOfChildren(Position position) const;
     /// Takes time logarithmic in the count.
     std::optional<Position> find(const Identifier& id) const;
 
