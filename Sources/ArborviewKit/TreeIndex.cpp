@@ -1,6 +1,8 @@
 #include <ArborviewKit/TreeIndex.h>
 #include <ScanKit/FileNode.h>
 
+#include <boost/sort/spreadsort/integer_sort.hpp>
+
 #include <algorithm>
 #include <cstring>
 
@@ -26,41 +28,42 @@ bool precedes(const Identifier& a, const Identifier& b) {
 
 }
 
+struct TreeIndex::Key {
+    std::uint64_t leading = 0;
+    Position position = 0;
+};
+
 TreeIndex::TreeIndex(const FileNode& root) {
-    append(root, nowhere);
-    sortByID();
+    std::vector<Key> keys;
+    append(root, nowhere, keys);
+    sortByID(keys);
 }
 
-Bytes TreeIndex::append(const FileNode& node, Position parent) {
+Bytes TreeIndex::append(const FileNode& node, Position parent, std::vector<Key>& keys) {
+    const std::vector<FileNode>& children = node.children();
     const Position position = count();
     nodes_.push_back(&node);
     parents_.push_back(parent);
-    childCounts_.push_back(static_cast<std::uint32_t>(node.children().size()));
+    childCounts_.push_back(static_cast<std::uint32_t>(children.size()));
     ends_.push_back(position + 1);
     sizes_.push_back(0);
+    keys.push_back({leadingBits(node.id()), position});
     Bytes size = ownSize(node);
-    for (const FileNode& child : node.children()) {
-        add(size, append(child, position));
+    for (const FileNode& child : children) {
+        add(size, append(child, position, keys));
     }
     ends_[position] = count();
     sizes_[position] = size;
     return size;
 }
 
-void TreeIndex::sortByID() {
-    struct Key {
-        std::uint64_t leading;
-        Position position;
-    };
-    std::vector<Key> keys;
-    keys.reserve(nodes_.size());
-    for (Position position = 0; position < count(); ++position) {
-        keys.push_back({leadingBits(nodes_[position]->id()), position});
-    }
-    std::sort(keys.begin(), keys.end(), [this](const Key& a, const Key& b) {
+void TreeIndex::sortByID(std::vector<Key>& keys) {
+    const auto shiftedRight = [](const Key& key, unsigned bits) { return key.leading >> bits; };
+    const auto precedesByID = [this](const Key& a, const Key& b) {
         return a.leading != b.leading ? a.leading < b.leading
                                       : nodes_[a.position]->id() < nodes_[b.position]->id();
-    });
+    };
+    boost::sort::spreadsort::integer_sort(keys.begin(), keys.end(), shiftedRight, precedesByID);
     byID_.reserve(keys.size());
     for (const Key& key : keys) {
         byID_.push_back(key.position);

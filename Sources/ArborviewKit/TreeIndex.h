@@ -41,8 +41,10 @@ class TreeIndex {
     std::optional<Position> find(const Identifier& id) const;
 
   private:
-    Bytes append(const FileNode& node, Position parent);
-    void sortByID();
+    struct Key;
+
+    Bytes append(const FileNode& node, Position parent, std::vector<Key>& keys);
+    void sortByID(std::vector<Key>& keys);
 
     std::vector<const FileNode*> nodes_;
     std::vector<Position> parents_;
