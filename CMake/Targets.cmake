@@ -22,6 +22,10 @@ if(TOLVANE_SANITIZERS)
         target_compile_options(TolvaneFlags INTERFACE -Wno-tsan)
     endif()
 endif()
+if(TOLVANE_FUZZERS)
+    # A fuzzer finds its way by what it sees of the branches taken.
+    target_compile_options(TolvaneFlags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # Gives `target` an include root that holds nothing but a link to its own folder, so that a header
 # of a library that is not linked cannot be included by accident.

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tolvane {
+
+/// Names the promise about trashinfo texts and names in a Trash that does not hold for these bytes;
+/// empty when all do.
+std::string brokenTrashInfoPromise(std::string_view bytes);
+
+/// The same about standardised paths.
+std::string brokenPathPromise(std::string_view bytes);
+
+}
