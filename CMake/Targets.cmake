@@ -13,6 +13,8 @@ endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 15)
     target_compile_options(TolvaneFlags INTERFACE -Werror)
 endif()
+# Indices and iterators are checked wherever speed is not the point.
+target_compile_definitions(TolvaneFlags INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 if(TOLVANE_SANITIZERS)
     target_compile_options(TolvaneFlags INTERFACE
         -fsanitize=${TOLVANE_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -45,7 +47,10 @@ function(tolvane_library target)
 endfunction()
 
 # tolvane_test(HostKitTests SOURCES ... LINKS ... LABELS ...): one test program, each of its cases known
-# to ctest. Label "threads" what the thread sanitizer is to watch.
+# to ctest. A label tells which runs take it: "threads" is what the thread sanitizer is to watch,
+# "traced" what traces, preloads or changes namespaces (sanitizers bear none of these), "soak" what
+# takes long and is run by name.
+add_custom_target(ThreadedTests)
 function(tolvane_test target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;LABELS")
     add_executable(${target} ${arg_SOURCES})
@@ -53,6 +58,9 @@ function(tolvane_test target)
     set(properties TIMEOUT 120)
     if(arg_LABELS)
         list(APPEND properties LABELS "${arg_LABELS}")
+    endif()
+    if("threads" IN_LIST arg_LABELS)
+        add_dependencies(ThreadedTests ${target})
     endif()
     gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
 endfunction()
