@@ -48,19 +48,19 @@ std::optional<std::string> readTail(int file, Bytes maxBytes) {
 
 }
 
+FileURL crashReportDirectory(const HostLayout::Locations& locations) {
+    return locations.libraryDirectory.appending("Logs").appending("DiagnosticReports");
+}
+
 Diagnostics::Diagnostics(const HostLayout::Locations& locations, AppLog& log,
                          std::shared_ptr<const FileManager> files, Clock clock)
-    : libraryDirectory_(locations.libraryDirectory)
+    : locations_(locations)
     , log_(log)
     , files_(std::move(files))
     , clock_(std::move(clock)) {}
 
-FileURL Diagnostics::crashReportDirectory() const {
-    return libraryDirectory_.appending("Logs").appending("DiagnosticReports");
-}
-
 std::vector<FileURL> Diagnostics::recentCrashReports(std::int64_t days) const {
-    const FileURL folder = crashReportDirectory();
+    const FileURL folder = crashReportDirectory(locations_);
     const auto listing = files_->openDirectory(folder, {.isCancelled = {}, .skipsHidden = true});
     if (!listing) {
         return {};

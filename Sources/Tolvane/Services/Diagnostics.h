@@ -13,6 +13,9 @@
 
 namespace tolvane {
 
+/// Where crash reports lie.
+FileURL crashReportDirectory(const HostLayout::Locations& locations);
+
 /// What a person can look up when something went wrong. Works on the caller's thread; reads the log
 /// without waiting for lines on their way.
 class Diagnostics {
@@ -24,9 +27,7 @@ class Diagnostics {
     Diagnostics(const HostLayout::Locations& locations, AppLog& log,
                 std::shared_ptr<const FileManager> files, Clock clock = now);
 
-    const FileURL& libraryDirectory() const { return libraryDirectory_; }
-    /// Where crash reports lie.
-    FileURL crashReportDirectory() const;
+    const FileURL& libraryDirectory() const { return locations_.libraryDirectory; }
     /// This application's crash reports that changed within the last `days` days, in listing order;
     /// none when they cannot be listed.
     std::vector<FileURL> recentCrashReports(std::int64_t days) const;
@@ -37,7 +38,7 @@ class Diagnostics {
     void recordLaunch() const;
 
   private:
-    const FileURL libraryDirectory_;
+    const HostLayout::Locations locations_;
     AppLog& log_;
     const std::shared_ptr<const FileManager> files_;
     const Clock clock_;
