@@ -1,0 +1,93 @@
+#include "Json.h"
+
+#include "Base64.h"
+
+#include <HostKit/Identifier.h>
+#include <HostKit/Text.h>
+
+#include <optional>
+
+namespace tolvane {
+namespace {
+
+std::optional<std::string> textAt(const JSON& object, const std::string& key) {
+    const auto found = object.find(key);
+    return found != object.end() && found->is_string()
+               ? std::optional(found->get_ref<const std::string&>())
+               : std::nullopt;
+}
+
+/// The absolute path under `key`; absent when there is no usable one.
+std::optional<FileURL> pathAt(const JSON& object, const std::string& key) {
+    std::optional<std::string> path = textAt(object, key);
+    if (object.contains(key + "Bytes")) {
+        const std::optional<std::string> bytes = textAt(object, key + "Bytes");
+        path = bytes ? Base64::decoded(*bytes) : std::nullopt;
+    }
+    const bool isUsable = path && path->starts_with('/') && path->find('\0') == std::string::npos;
+    return isUsable ? std::optional(FileURL(*path)) : std::nullopt;
+}
+
+}
+
+void putPath(JSON& object, const std::string& key, std::string_view bytes) {
+    object[key] = displayText(bytes);
+    if (!isValidUTF8(bytes)) {
+        object[key + "Bytes"] = Base64::encoded(bytes);
+    }
+}
+
+JSON pathElement(std::string_view bytes) {
+    if (isValidUTF8(bytes)) {
+        return std::string(bytes);
+    }
+    JSON element = JSON::object();
+    putPath(element, "path", bytes);
+    return element;
+}
+
+JSON toJson(const FullDiskAccessStatus& status) {
+    return {{"granted", status.granted},
+            {"confirmed", status.confirmed},
+            {"detail", status.detail},
+            {"guidance", status.guidance()}};
+}
+
+JSON toJson(const RemovalReceipt& receipt) {
+    JSON object = {{"id", text(receipt.id)}};
+    putPath(object, "original", receipt.original.path());
+    putPath(object, "trashed", receipt.trashed.path());
+    return object;
+}
+
+Result<std::vector<RemovalReceipt>, std::string> receipts(std::string_view document) {
+    constexpr bool throws = false;
+    const JSON parsed = JSON::parse(document, nullptr, throws);
+    if (parsed.is_discarded()) {
+        return tl::unexpected(std::string("The receipts are not valid JSON"));
+    }
+    const auto list = parsed.find("receipts");
+    if (list == parsed.end() || !list->is_array()) {
+        return tl::unexpected(std::string("The document holds no list of receipts"));
+    }
+    std::vector<RemovalReceipt> result;
+    for (const JSON& element : *list) {
+        const std::optional<FileURL> original = pathAt(element, "original");
+        const std::optional<FileURL> trashed = pathAt(element, "trashed");
+        if (!original || !trashed) {
+            return tl::unexpected(
+                fmt::format("Receipt {} does not name two absolute paths", result.size() + 1));
+        }
+        result.push_back({freshIdentifier(), *original, *trashed});
+    }
+    return result;
+}
+
+void print(Output& out, const JSON& document) {
+    constexpr int compact = -1;
+    constexpr bool escapesAll = false;
+    out.append(document.dump(compact, ' ', escapesAll, JSON::error_handler_t::replace));
+    out.append("\n");
+}
+
+}

@@ -1,0 +1,215 @@
+#include "ScanReport.h"
+
+#include "NodeWriter.h"
+#include "ShownText.h"
+#include "Table.h"
+
+#include <Services/ByteFormat.h>
+
+#include <algorithm>
+
+namespace tolvane {
+namespace {
+
+constexpr std::size_t namedFailures = 5;
+constexpr double barLength = 10;
+
+void collectFiles(const FileNode& node, std::vector<const FileNode*>& files) {
+    if (!node.isDirectory()) {
+        files.push_back(&node);
+    }
+    for (const FileNode& child : node.children()) {
+        collectFiles(child, files);
+    }
+}
+
+struct Row {
+    const FileNode* node;
+    NodeTotals totals;
+};
+
+std::vector<Row> sortedChildren(const FileNode& node) {
+    std::vector<Row> rows;
+    rows.reserve(node.children().size());
+    for (const FileNode& child : node.children()) {
+        rows.push_back({&child, totals(child)});
+    }
+    std::stable_sort(rows.begin(), rows.end(), [](const Row& a, const Row& b) {
+        return a.totals.totalAllocatedSize > b.totals.totalAllocatedSize;
+    });
+    return rows;
+}
+
+/// What of `whole` a part takes, as "27.2 %" and as a bar.
+std::pair<std::string, std::string> share(Bytes part, Bytes whole) {
+    const double ratio = whole > 0 ? static_cast<double>(part) / static_cast<double>(whole) : 0;
+    const auto length = static_cast<std::size_t>(ratio * barLength + 0.5);
+    return {fmt::format("{:.1f} %", ratio * 100), std::string(length, '#')};
+}
+
+std::string hiddenText(const FileNode& node) {
+    const std::int64_t items = sum(node.hiddenFiles(), node.hiddenDirectories());
+    const std::string_view what = node.truncated() ? "items not kept" : "smaller items";
+    return fmt::format("{} {}, {}", grouped(items), what, ByteFormat::text(node.hiddenBytes()));
+}
+
+/// The children of one folder, each followed by its own as deep as wanted.
+class Rows {
+  public:
+    Rows(Table& table, Bytes whole)
+        : table_(table)
+        , whole_(whole) {}
+
+    void add(const FileNode& folder, std::int64_t depth, const std::string& indent = "") {
+        for (const Row& row : sortedChildren(folder)) {
+            addRow(row, indent);
+            if (depth > 1) {
+                add(*row.node, depth - 1, indent + "  ");
+            }
+        }
+        if (folder.hiddenFiles() > 0 || folder.hiddenDirectories() > 0) {
+            table_.add({"", "", "", "", "", indent + hiddenText(folder)});
+        }
+    }
+
+  private:
+    void addRow(const Row& row, const std::string& indent) {
+        const auto [percent, bar] = share(row.totals.totalAllocatedSize, whole_);
+        const bool isFolder = row.node->isDirectory();
+        table_.add({ByteFormat::text(row.totals.totalAllocatedSize), percent, bar,
+                    isFolder ? grouped(row.totals.fileCount) : "",
+                    isFolder ? grouped(row.totals.directoryCount) : "",
+                    indent + shownText(row.node->name()) + (isFolder ? "/" : "")});
+    }
+
+    Table& table_;
+    const Bytes whole_;
+};
+
+void printTotals(Console& console, const ScanReport& report, const NodeTotals& totals) {
+    Output& out = console.out();
+    const std::string path = shownText(report.outcome.root.url().path());
+    out.format("{}\n", console.styled(Style::strong, path));
+    out.format("{} in {} files and {} folders, {:.2f} s{}\n",
+               ByteFormat::text(totals.totalAllocatedSize), grouped(totals.fileCount),
+               grouped(totals.directoryCount), report.seconds,
+               report.isPartial() ? " (cancelled: a partial result)" : "");
+    if (totals.totalPurgeableSize > 0) {
+        out.format("{} of it can be made again by the system or its programs\n",
+                   ByteFormat::text(totals.totalPurgeableSize));
+    }
+}
+
+void printChildren(Console& console, const ScanReport& report, Bytes whole) {
+    constexpr std::int64_t usualDepth = 1;
+    const std::int64_t depth = report.depth.value_or(usualDepth);
+    if (depth < 1) {
+        return;
+    }
+    Table table({Alignment::right, Alignment::right, Alignment::left, Alignment::right,
+                 Alignment::right, Alignment::left});
+    table.add({"SIZE", "SHARE", "", "FILES", "FOLDERS", "NAME"});
+    Rows(table, whole).add(report.outcome.root, depth);
+    console.out().format("\n{}", table.text());
+}
+
+void printLargestFiles(Console& console, const ScanReport& report) {
+    if (!report.top) {
+        return;
+    }
+    Table table({Alignment::right, Alignment::left});
+    for (const FileNode* file : largestFiles(report.outcome.root, *report.top)) {
+        table.add({ByteFormat::text(file->allocatedSize()), shownText(file->url().path())});
+    }
+    console.out().format("\nLargest files\n{}", table.text());
+}
+
+bool liesBelow(const std::string& path, const FileURL& root) {
+    return path != root.path() && (root.path() == "/" || liesWithin(path, root.path()));
+}
+
+/// What exists below the root and was not entered.
+void printLeftOut(Console& console, const Host& host, const ScanReport& report) {
+    const FileURL root = report.outcome.root.url();
+    std::string leftOut = "Not counted: ";
+    for (const std::string& prefix : report.options.excludedPathPrefixes) {
+        if (liesBelow(prefix, root) && host.files->itemExists(FileURL(prefix))) {
+            leftOut += shownText(prefix) + ", ";
+        }
+    }
+    if (report.options.excludesNoFollowMarker) {
+        leftOut += "items named .nofollow, ";
+    }
+    const std::string line =
+        fmt::format("{}folders deeper than {} levels", leftOut, grouped(report.options.maxDepth));
+    console.out().format("\n{}\n", console.styled(Style::faint, line));
+}
+
+void complainOfFailures(Console& console, const std::vector<ScanFailure>& failures) {
+    if (failures.empty()) {
+        return;
+    }
+    console.complain(grouped(static_cast<std::int64_t>(failures.size())) +
+                     (failures.size() == 1 ? " item" : " items") + " could not be read:");
+    const std::size_t shown = std::min(namedFailures, failures.size());
+    for (std::size_t i = 0; i < shown; ++i) {
+        console.complain("  " + failures[i].path + ": " + failures[i].reason);
+    }
+    if (failures.size() > shown) {
+        console.complain("  and " + grouped(static_cast<std::int64_t>(failures.size() - shown)) +
+                         " more; --json lists all");
+    }
+}
+
+}
+
+std::vector<const FileNode*> largestFiles(const FileNode& root, std::int64_t count) {
+    std::vector<const FileNode*> files;
+    collectFiles(root, files);
+    std::stable_sort(files.begin(), files.end(), [](const FileNode* a, const FileNode* b) {
+        return a->allocatedSize() > b->allocatedSize();
+    });
+    if (files.size() > static_cast<std::size_t>(count)) {
+        files.resize(static_cast<std::size_t>(count));
+    }
+    return files;
+}
+
+void printAsText(Console& console, const Host& host, const ScanReport& report) {
+    const NodeTotals all = totals(report.outcome.root);
+    printTotals(console, report, all);
+    printChildren(console, report, all.totalAllocatedSize);
+    printLargestFiles(console, report);
+    printLeftOut(console, host, report);
+    complainOfFailures(console, report.failures);
+}
+
+void printAsJson(Output& out, const ScanReport& report) {
+    NodeWriter writer(out);
+    out.format("{{\"outcome\":\"{}\",\"root\":", report.isPartial() ? "cancelled" : "completed");
+    writer.writeTree(report.outcome.root, report.depth.value_or(NodeWriter::unlimitedDepth));
+    if (report.top) {
+        out.append(",\"top\":[");
+        std::string_view separator;
+        for (const FileNode* file : largestFiles(report.outcome.root, *report.top)) {
+            out.append(separator);
+            writer.writeAlone(*file);
+            separator = ",";
+        }
+        out.append("]");
+    }
+    out.append(",\"failures\":[");
+    std::string_view separator = "{";
+    for (const ScanFailure& failure : report.failures) {
+        out.append(separator);
+        writer.writePath("path", failure.path);
+        out.append(",\"reason\":");
+        writer.writeText(failure.reason);
+        out.append("}");
+        out.flushIfLarge();
+        separator = ",{";
+    }
+    out.format("],\"seconds\":{:.3f}}}\n", report.seconds);
+}
+
+}

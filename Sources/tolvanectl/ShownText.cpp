@@ -1,0 +1,105 @@
+#include "ShownText.h"
+
+#include <HostKit/Text.h>
+
+namespace tolvane {
+namespace {
+
+constexpr std::string_view ellipsis = "...";
+
+bool isContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+bool isControl(char byte) {
+    const auto value = static_cast<unsigned char>(byte);
+    return value < 0x20 || value == 0x7F;
+}
+
+/// U+0080 to U+009F: some terminals take them for escape sequences.
+bool isSecondControl(std::string_view text, std::size_t position) {
+    return text[position] == '\xC2' && position + 1 < text.size() &&
+           static_cast<unsigned char>(text[position + 1]) < 0xA0;
+}
+
+std::size_t nextCharacter(std::string_view text, std::size_t position) {
+    do {
+        ++position;
+    } while (position < text.size() && isContinuation(text[position]));
+    return position;
+}
+
+/// How many bytes of the text's beginning fit.
+std::size_t fittingPrefix(std::string_view text, std::size_t columns) {
+    std::size_t end = 0;
+    while (end < text.size()) {
+        const std::size_t next = nextCharacter(text, end);
+        if (columnsOf(text.substr(0, next)) > columns) {
+            break;
+        }
+        end = next;
+    }
+    return end;
+}
+
+/// Where the longest fitting end of the text begins.
+std::size_t fittingSuffix(std::string_view text, std::size_t columns) {
+    std::size_t start = 0;
+    while (start < text.size() && columnsOf(text.substr(start)) > columns) {
+        start = nextCharacter(text, start);
+    }
+    return start;
+}
+
+}
+
+std::string shownText(std::string_view bytes) {
+    const std::string text = displayText(bytes);
+    std::string shown;
+    shown.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (isSecondControl(text, i)) {
+            shown += '?';
+            ++i;
+        } else {
+            shown += isControl(text[i]) ? '?' : text[i];
+        }
+    }
+    return shown;
+}
+
+std::string grouped(std::int64_t count) {
+    std::string digits = std::to_string(count);
+    constexpr std::size_t groupSize = 3;
+    const std::size_t first = digits.front() == '-' ? 1 : 0;
+    for (std::size_t i = digits.size(); i > first + groupSize;) {
+        i -= groupSize;
+        digits.insert(i, 1, ',');
+    }
+    return digits;
+}
+
+std::size_t columnsOf(std::string_view text) {
+    std::size_t columns = 0;
+    for (const char byte : text) {
+        const bool isASCII = static_cast<unsigned char>(byte) < 0x80;
+        columns += isASCII ? 1 : isContinuation(byte) ? 0 : 2;
+    }
+    return columns;
+}
+
+std::string elidedInTheMiddle(std::string_view text, std::size_t columns) {
+    if (columnsOf(text) <= columns) {
+        return std::string(text);
+    }
+    if (columns <= ellipsis.size()) {
+        return std::string(ellipsis.substr(0, columns));
+    }
+    const std::size_t room = columns - ellipsis.size();
+    std::string elided(text.substr(0, fittingPrefix(text, room / 2)));
+    elided += ellipsis;
+    elided += text.substr(fittingSuffix(text, room - room / 2));
+    return elided;
+}
+
+}

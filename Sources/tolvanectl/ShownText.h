@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tolvane {
+
+/// Text for a terminal: `displayText` with "?" in place of control characters, so that no file name
+/// gives orders to the terminal or breaks a line.
+std::string shownText(std::string_view bytes);
+
+/// "1,204".
+std::string grouped(std::int64_t count);
+
+/// How many columns the text takes at most: two for what is not ASCII, for some of it does.
+std::size_t columnsOf(std::string_view text);
+
+/// The text with its middle left out so that it takes at most so many columns.
+std::string elidedInTheMiddle(std::string_view text, std::size_t columns);
+
+}

@@ -1,0 +1,127 @@
+#include "TreemapPicture.h"
+
+#include "Output.h"
+#include "ShownText.h"
+
+#include <ArborviewKit/Treemap.h>
+#include <Services/ByteFormat.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <charconv>
+#include <limits>
+
+namespace tolvane {
+namespace {
+
+constexpr int longestSide = 100'000;
+constexpr std::array<std::string_view, 10> palette{"#7fb3d5", "#f5b041", "#82c99d", "#d98880",
+                                                   "#bb8fce", "#76d7c4", "#f7dc6f", "#aab7b8",
+                                                   "#85929e", "#e59866"};
+// Of the labels, in pixels.
+constexpr double fontSize = 12;
+constexpr double letterWidth = 7;
+constexpr double margin = 4;
+
+std::optional<int> side(std::string_view text) {
+    int value = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool isNumber = error == std::errc() && stop == text.data() + text.size();
+    return isNumber && value >= 1 && value <= longestSide ? std::optional(value) : std::nullopt;
+}
+
+/// Whether two code points that XML does not know begin here: U+FFFE and U+FFFF.
+bool isNoncharacter(std::string_view text, std::size_t position) {
+    const std::string_view bytes = text.substr(position, 3);
+    return bytes == "\xEF\xBF\xBE" || bytes == "\xEF\xBF\xBF";
+}
+
+std::string escapedForXML(std::string_view text) {
+    std::string escaped;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        switch (text[i]) {
+        case '&':
+            escaped += "&amp;";
+            break;
+        case '<':
+            escaped += "&lt;";
+            break;
+        case '>':
+            escaped += "&gt;";
+            break;
+        default:
+            escaped += text[i];
+        }
+        if (isNoncharacter(text, i)) {
+            escaped.back() = '?';
+            i += 2;
+        }
+    }
+    return escaped;
+}
+
+void drawCell(Output& out, const TreemapCell& cell) {
+    const Rectangle& place = cell.rect;
+    const std::string label = shownText(cell.label);
+    const auto colour = static_cast<std::size_t>(cell.colorIndex) % palette.size();
+    out.format("<g><title>{}, {}</title><rect x=\"{:.2f}\" y=\"{:.2f}\" width=\"{:.2f}\" "
+               "height=\"{:.2f}\" fill=\"{}\"/>",
+               escapedForXML(label), ByteFormat::text(static_cast<Bytes>(cell.weight)), place.x,
+               place.y, place.width, place.height, palette[colour]);
+    const double letters = (place.width - 2 * margin) / letterWidth;
+    if (letters >= 3 && place.height >= fontSize + 2 * margin) {
+        out.format("<text x=\"{:.2f}\" y=\"{:.2f}\">{}</text>", place.x + margin,
+                   place.y + margin + fontSize,
+                   escapedForXML(elidedInTheMiddle(label, static_cast<std::size_t>(letters))));
+    }
+    out.append("</g>\n");
+}
+
+void draw(Output& out, const FileNode& folder, const PictureSize& size) {
+    out.format("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+               "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0}\" height=\"{1}\" "
+               "viewBox=\"0 0 {0} {1}\" font-family=\"sans-serif\" font-size=\"{2}\" "
+               "stroke=\"white\">\n<style>text {{ stroke: none }}</style>\n"
+               "<rect width=\"{0}\" height=\"{1}\" fill=\"#eeeeee\"/>\n",
+               size.width, size.height, fontSize);
+    constexpr Bytes smallest = 1;
+    constexpr std::int64_t all = std::numeric_limits<std::int64_t>::max();
+    const Rectangle area{0, 0, static_cast<double>(size.width), static_cast<double>(size.height)};
+    for (const TreemapCell& cell :
+         TreemapLayout::squarified(treemapEntries(folder, smallest, all), area)) {
+        drawCell(out, cell);
+        out.flushIfLarge();
+    }
+    out.append("</svg>\n");
+}
+
+}
+
+std::optional<PictureSize> pictureSize(std::string_view text) {
+    const std::size_t cross = text.find('x');
+    if (cross == std::string_view::npos) {
+        return std::nullopt;
+    }
+    const std::optional<int> width = side(text.substr(0, cross));
+    const std::optional<int> height = side(text.substr(cross + 1));
+    return width && height ? std::optional(PictureSize{*width, *height}) : std::nullopt;
+}
+
+Result<void, SystemError> writeTreemap(const FileNode& folder, const PictureSize& size,
+                                       const FileURL& file) {
+    constexpr mode_t newFileMode = 0644;
+    const int descriptor =
+        ::open(file.path().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, newFileMode);
+    if (descriptor < 0) {
+        return tl::unexpected(SystemError::last());
+    }
+    Output out(descriptor);
+    draw(out, folder, size);
+    const Result<void, SystemError> written = out.flush();
+    const bool isClosed = ::close(descriptor) == 0;
+    return written && !isClosed ? tl::unexpected(SystemError::last()) : written;
+}
+
+}

@@ -1,0 +1,118 @@
+#include "Arguments.h"
+#include "Command.h"
+#include "SignalWatch.h"
+
+#include <HostKit/CrashReporter.h>
+#include <Services/Diagnostics.h>
+
+#include <CLI/CLI.hpp>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <sstream>
+
+namespace tolvane {
+namespace {
+
+struct Entry {
+    const char* name;
+    const char* description;
+    std::unique_ptr<Command> (*make)();
+};
+
+constexpr std::array<Entry, 6> commands{{
+    {"scan", "Show what fills a folder", makeScanCommand},
+    {"size", "Measure single items", makeSizeCommand},
+    {"access", "Tell whether everything may be read", makeAccessCommand},
+    {"trash", "Move items to the Trash", makeTrashCommand},
+    {"restore", "Put back what trash moved", makeRestoreCommand},
+    {"log", "Show the end of the application's log", makeLogCommand},
+}};
+
+/// A file opened later must not become a standard stream. A missing standard output stays one that
+/// cannot be written to.
+void fillMissingStreams() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(stream, F_GETFD) < 0) {
+            ::open("/dev/null", O_RDONLY);
+        }
+    }
+}
+
+/// Asked before anything is moved whose receipts would then be lost.
+bool isWritable(int stream) {
+    const int flags = ::fcntl(stream, F_GETFL);
+    return flags >= 0 && (flags & O_ACCMODE) != O_RDONLY;
+}
+
+void addCommonOptions(CLI::App& app, Console& console) {
+    app.set_version_flag("--version", "tolvanectl " TOLVANE_VERSION, "Print the version and exit");
+    app.set_help_flag("--help,-h", "Print this and exit");
+    app.add_flag("--json", console.writesJSON(), "Print one JSON document");
+}
+
+/// Help and version are printed; anything else is a complaint.
+Exit answer(const CLI::App& app, const CLI::ParseError& error, Console& console) {
+    std::ostringstream out;
+    std::ostringstream complaint;
+    const bool isAnswer = app.exit(error, out, complaint) == 0;
+    console.out().append(out.str());
+    std::istringstream lines(complaint.str());
+    for (std::string line; std::getline(lines, line);) {
+        console.complain(line);
+    }
+    return isAnswer ? console.finish(Exit::done) : Exit::wrongCommandLine;
+}
+
+Exit runChosen(const CLI::App& app, std::vector<std::unique_ptr<Command>>& made, Console& console) {
+    for (std::size_t i = 0; i < commands.size(); ++i) {
+        if (app.got_subcommand(commands[i].name)) {
+            if (!isWritable(STDOUT_FILENO)) {
+                return console.fail("Standard output is not open for writing");
+            }
+            const Host host = Host::current();
+            // Without it a crash is only told by the system.
+            static_cast<void>(CrashReporter::install(crashReportDirectory(host.layout.locations),
+                                                     TOLVANE_VERSION));
+            return console.finish(made[i]->run(console, host));
+        }
+    }
+    return Exit::wrongCommandLine;
+}
+
+Exit run(int argumentCount, char** arguments) {
+    Console console;
+    const SignalWatch watch(console.cancellation());
+    CLI::App app("Shows what fills a disk and reclaims it safely", "tolvanectl");
+    app.require_subcommand(1);
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.get_formatter()->label("Subcommands", "Commands");
+    addCommonOptions(app, console);
+    std::vector<std::unique_ptr<Command>> made;
+    for (const Entry& entry : commands) {
+        CLI::App* command = app.add_subcommand(entry.name, entry.description);
+        addCommonOptions(*command, console);
+        made.push_back(entry.make());
+        made.back()->declare(*command);
+    }
+    try {
+        std::vector<std::string> plain = plainArguments(argumentCount, arguments);
+        std::reverse(plain.begin(), plain.end()); // the parser takes them from the back
+        app.parse(std::move(plain));
+    } catch (const CLI::ParseError& error) {
+        return answer(app, error, console);
+    }
+    return runChosen(app, made, console);
+}
+
+}
+}
+
+int main(int argumentCount, char** arguments) {
+    tolvane::fillMissingStreams();
+    std::signal(SIGPIPE, SIG_IGN);
+    return static_cast<int>(tolvane::run(argumentCount, arguments));
+}
