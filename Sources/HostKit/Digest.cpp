@@ -34,7 +34,9 @@ struct Digest::Context {
     Context(const Context&) = delete;
     Context& operator=(const Context&) = delete;
 
-    void start() { require(state != nullptr && EVP_DigestInit_ex2(state, sha256(), nullptr) == 1); }
+    void start() const {
+        require(state != nullptr && EVP_DigestInit_ex2(state, sha256(), nullptr) == 1);
+    }
 };
 
 Digest::Digest()

@@ -196,6 +196,7 @@ std::vector<const Mount*> mountsBelow(const std::vector<Mount>& mounts, std::str
         }
     }
     std::vector<const Mount*> list;
+    list.reserve(lastOf.size());
     for (const auto& [mountPoint, mount] : lastOf) {
         list.push_back(mount);
     }
@@ -247,7 +248,8 @@ const Mount* MountTable::withID(int id) const {
 const Mount* MountTable::covering(std::string_view path) const {
     const Mount* cover = nullptr;
     for (const Mount& mount : mounts_) {
-        const bool isNearer = !cover || mount.mountPoint.size() >= cover->mountPoint.size();
+        const bool isNearer =
+            cover == nullptr || mount.mountPoint.size() >= cover->mountPoint.size();
         if (contains(mount.mountPoint, path) && isNearer) {
             cover = &mount;
         }

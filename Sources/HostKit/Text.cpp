@@ -18,12 +18,13 @@ constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 /// The number of bytes of the code point that `bytes` begins with; 0 when it begins with none.
 std::size_t codePointLength(std::string_view bytes) {
     constexpr std::size_t longest = 4;
+    const char* const data = bytes.data();
     const auto limit = static_cast<int>(std::min(bytes.size(), longest));
     int length = 0;
     UChar32 codePoint = 0;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion"
-    U8_NEXT(bytes.data(), length, limit, codePoint);
+    U8_NEXT(data, length, limit, codePoint);
 #pragma GCC diagnostic pop
     return codePoint < 0 ? 0 : static_cast<std::size_t>(length);
 }

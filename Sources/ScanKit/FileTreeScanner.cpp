@@ -13,7 +13,7 @@ using InodeKey = FileIdentity;
 
 struct InodeKeyHash {
     std::size_t operator()(const InodeKey& key) const {
-        const std::uint64_t device = static_cast<std::uint64_t>(key.device);
+        const auto device = static_cast<std::uint64_t>(key.device);
         return std::hash<std::uint64_t>{}(device * 0x9e3779b97f4a7c15ULL ^ key.inode);
     }
 };

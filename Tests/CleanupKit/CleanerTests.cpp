@@ -63,7 +63,7 @@ TEST_F(CleanerTest, refusesTheWholeBatchForItsFirstBadItem) {
     home.makeLink("in/dangling", "nowhere");
     const FileURL root = home.url("in");
     const FileURL good = root.appending("good");
-    const std::string path = root.path();
+    const std::string& path = root.path();
     EXPECT_EQ(refusal({good, root, home.url("out")}, {root}),
               "Refusing to remove the scanned root: " + path);
     EXPECT_EQ(refusal({home.url("in/gone/..")}, {root}),

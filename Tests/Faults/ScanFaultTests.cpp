@@ -26,7 +26,6 @@ namespace tolvane {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::ElementsAre;
 using ::testing::UnorderedElementsAre;
 
 std::shared_ptr<const FileManager> realFiles() {
@@ -219,6 +218,8 @@ class ManyNames {
         ::close(folder);
     }
     ~ManyNames() { fs::remove_all(folder_); }
+    ManyNames(const ManyNames&) = delete;
+    ManyNames& operator=(const ManyNames&) = delete;
 
     FileURL url() const { return FileURL(folder_); }
     bool wereMade() const { return made_; }

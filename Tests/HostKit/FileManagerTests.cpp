@@ -156,7 +156,8 @@ TEST_F(FileManagerTest, findsItsWayBackThoughFoldersMoveMeanwhile) {
     std::size_t unreadable = 0;
     while (below.next()) {
         ++items;
-        const bool isDeepest = below.url().path().size() == home.path("").size() + 2 * 40;
+        const bool isDeepest =
+            below.url().path().size() == home.path("").size() + std::size_t{2} * 40;
         if (isDeepest && !home.has("moved")) {
             std::filesystem::rename(tenth, home.path("moved"));
         }

@@ -13,15 +13,16 @@ namespace {
 
 using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
-[[noreturn]] void become(const std::vector<std::string>& arguments,
+[[noreturn]] void become(std::vector<std::string> arguments,
                          const std::map<std::string, std::string>& environment, int input,
                          int output) {
     for (const auto& [name, value] : environment) {
         ::setenv(name.c_str(), value.c_str(), 1);
     }
     std::vector<char*> pointers;
-    for (const std::string& argument : arguments) {
-        pointers.push_back(const_cast<char*>(argument.c_str()));
+    pointers.reserve(arguments.size() + 1);
+    for (std::string& argument : arguments) {
+        pointers.push_back(argument.data());
     }
     pointers.push_back(nullptr);
     ::dup2(input, STDIN_FILENO);

@@ -20,6 +20,13 @@ bool exists(const Descriptor& directory, const std::string& name) {
     return statusAt(directory.number(), name.c_str(), AT_SYMLINK_NOFOLLOW).has_value();
 }
 
+Result<void, SystemError> writeInfo(Descriptor file, std::string_view info) {
+    const Result<void, SystemError> written = writeContents(file, info);
+    const bool isClosed = ::close(file.release()) == 0;
+    // A network file system may find out only here that there is no room.
+    return written && !isClosed ? tl::unexpected(SystemError::last()) : written;
+}
+
 }
 
 Result<Descriptor, SystemError> ownDirectory(const Descriptor& parent, const std::string& name,
@@ -96,13 +103,6 @@ Result<void, SystemError> TrashFolder::receiveAs(const std::string& trashName,
         removeInfoFile(info_, trashName);
     }
     return result;
-}
-
-Result<void, SystemError> TrashFolder::writeInfo(Descriptor file, std::string_view info) const {
-    const Result<void, SystemError> written = writeContents(file, info);
-    const bool isClosed = ::close(file.release()) == 0;
-    // A network file system may find out only here that there is no room.
-    return written && !isClosed ? tl::unexpected(SystemError::last()) : written;
 }
 
 bool TrashFolder::isTaken(const std::string& trashName) const {

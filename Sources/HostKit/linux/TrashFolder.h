@@ -35,7 +35,6 @@ class TrashFolder {
 
     Result<void, SystemError> receiveAs(const std::string& trashName, const ItemPlace& item,
                                         std::string_view info) const;
-    Result<void, SystemError> writeInfo(Descriptor file, std::string_view info) const;
     bool isTaken(const std::string& trashName) const;
     unsigned freeNumber(std::string_view name, unsigned taken) const;
 
