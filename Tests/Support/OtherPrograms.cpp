@@ -151,13 +151,17 @@ std::vector<RemovalReceipt> receiptsFromTrash(const HostLayout& layout) {
     const FileURL& trash = layout.locations.homeTrash;
     std::vector<RemovalReceipt> receipts;
     for (const auto& entry : fs::directory_iterator(trash.appending("info").path())) {
+        const FileURL item = trash.appending("files").appending(entry.path().stem().native());
+        if (fs::symlink_status(item.path()).type() == fs::file_type::not_found) {
+            continue;
+        }
         std::ifstream file(entry.path(), std::ios::binary);
         const std::string text(std::istreambuf_iterator<char>(file), {});
         const std::optional<TrashInfo> info = TrashInfo::parse(text);
-        EXPECT_TRUE(info) << text;
-        const std::string name = entry.path().stem().native();
-        receipts.push_back({freshIdentifier(), FileURL(info.value_or(TrashInfo{}).path),
-                            trash.appending("files").appending(name)});
+        EXPECT_TRUE(info) << item.path() << " has no valid info file";
+        if (info) {
+            receipts.push_back({freshIdentifier(), FileURL(info->path), item});
+        }
     }
     return receipts;
 }

@@ -55,7 +55,8 @@ class TrashCli {
 /// The state with the "\xNN" undone that GIO writes for bytes which are no plain characters.
 TreeState withoutEscapes(const TreeState& state);
 
-/// A receipt for every item that an info file in the home Trash tells of.
+/// A receipt for every item in the home Trash that an info file tells of; one without a valid info
+/// file fails the test and is left out.
 std::vector<RemovalReceipt> receiptsFromTrash(const HostLayout& layout);
 bool trashIsEmpty(const HostLayout& layout);
 
