@@ -29,7 +29,8 @@ FileNode madeFolder(std::int64_t folders, std::int64_t width, std::int64_t& file
     std::vector<FileNode> children;
     const std::int64_t direct = std::min(folders, width);
     for (std::int64_t i = 0; i < direct; ++i) {
-        const std::int64_t share = (folders - direct) / direct + (i < (folders - direct) % direct);
+        const std::int64_t left = folders - direct;
+        const std::int64_t share = left / direct + (i < left % direct ? 1 : 0);
         children.push_back(madeFolder(share, width, filesLeft, foldersLeft));
     }
     const std::int64_t files = filesLeft / foldersLeft;
@@ -60,7 +61,7 @@ Identifier idAt(const ScannedTree& tree, TreeIndex::Position position) {
 
 void toggleAndLook(benchmark::State& state, SelectionModel& model, const Identifier& id) {
     const Identifier root = tree(state)->root().id();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         model.toggle(id);
         benchmark::DoNotOptimize(model.selectedSize());
         benchmark::DoNotOptimize(model.state(root));
@@ -69,7 +70,7 @@ void toggleAndLook(benchmark::State& state, SelectionModel& model, const Identif
 
 void prepareTheTree(benchmark::State& state) {
     const FileNode root = tree(state)->root();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         benchmark::DoNotOptimize(ScannedTree::of(root));
     }
     state.counters["nodes"] = tree(state)->index().count();
@@ -77,7 +78,7 @@ void prepareTheTree(benchmark::State& state) {
 
 void loadThePreparedTree(benchmark::State& state) {
     SelectionModel model;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         model.load(tree(state));
     }
 }
@@ -86,12 +87,12 @@ void findAnID(benchmark::State& state) {
     const TreeIndex& index = tree(state)->index();
     std::mt19937 random(1);
     std::uniform_int_distribution<TreeIndex::Position> anywhere(0, index.count() - 1);
-    std::vector<Identifier> ids;
-    for (int i = 0; i < 1024; ++i) {
-        ids.push_back(idAt(*tree(state), anywhere(random)));
+    std::vector<Identifier> ids(1024);
+    for (Identifier& id : ids) {
+        id = idAt(*tree(state), anywhere(random));
     }
     std::size_t next = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         benchmark::DoNotOptimize(index.find(ids[next++ % ids.size()]));
     }
 }

@@ -274,7 +274,7 @@ std::vector<std::string> MountTable::excludedMounts(const FileURL& root) const {
         return pseudoFoldersNotAbove(path);
     }
     Exclusion exclusion;
-    if (const Mount* const cover = covering(path)) {
+    if (const Mount* const cover = covering(path); cover != nullptr) {
         if (cover->mountPoint == path) {
             exclusion.accept(*cover, scopeOf(*cover, path));
         } else {

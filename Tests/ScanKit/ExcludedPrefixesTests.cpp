@@ -14,35 +14,35 @@ using ::testing::Not;
 class ExcludedPrefixes : public ::testing::Test {
   protected:
     std::vector<std::string> with(const HostLayout& layout, const std::string& root) const {
-        return excludedPrefixes(FileURL(root), layout, mounts_);
+        return excludedPrefixes(FileURL(root), layout, mounts);
     }
 
-    const std::vector<std::string> fixed_ = FileTreeScanner::defaultExcludedPrefixes();
-    const HostLayout darwin_ = HostLayout::darwin(FileURL("/Users/ada"));
-    const HostLayout freedesktop_ = HostLayout::freedesktop(FileURL("/home/ada"), {});
-    const MountTable mounts_ = MountTable::parse("28 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
-                                                 "29 28 0:5 / /dev rw - devtmpfs udev rw\n"
-                                                 "30 28 0:21 / /proc rw - proc proc rw\n"
-                                                 "31 28 0:48 / /srv/nas rw - nfs4 nas:/x rw\n");
+    const std::vector<std::string> fixed = FileTreeScanner::defaultExcludedPrefixes();
+    const HostLayout darwin = HostLayout::darwin(FileURL("/Users/ada"));
+    const HostLayout freedesktop = HostLayout::freedesktop(FileURL("/home/ada"), {});
+    const MountTable mounts = MountTable::parse("28 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
+                                                "29 28 0:5 / /dev rw - devtmpfs udev rw\n"
+                                                "30 28 0:21 / /proc rw - proc proc rw\n"
+                                                "31 28 0:48 / /srv/nas rw - nfs4 nas:/x rw\n");
 };
 
 TEST_F(ExcludedPrefixes, addsMountsWhereTheSystemHasAMountTable) {
-    std::vector<std::string> expected = fixed_;
-    EXPECT_EQ(with(darwin_, "/"), expected);
+    std::vector<std::string> expected = fixed;
+    EXPECT_EQ(with(darwin, "/"), expected);
     expected.insert(expected.end(), {"/proc", "/srv/nas"});
-    EXPECT_EQ(with(freedesktop_, "/"), expected) << "\"/dev\" is fixed already";
-    EXPECT_EQ(with(freedesktop_, "/home/ada"), fixed_);
+    EXPECT_EQ(with(freedesktop, "/"), expected) << "\"/dev\" is fixed already";
+    EXPECT_EQ(with(freedesktop, "/home/ada"), fixed);
 }
 
 TEST_F(ExcludedPrefixes, hideNothingThatContainsTheRoot) {
-    const auto others = with(darwin_, "/Volumes/Disk");
-    EXPECT_EQ(others.size(), fixed_.size() - 1);
+    const auto others = with(darwin, "/Volumes/Disk");
+    EXPECT_EQ(others.size(), fixed.size() - 1);
     EXPECT_THAT(others, Not(Contains("/Volumes")));
-    EXPECT_THAT(with(darwin_, "/Volumes"), Not(Contains("/Volumes")));
-    EXPECT_THAT(with(darwin_, "/Volumes2"), Contains("/Volumes"));
-    EXPECT_THAT(with(darwin_, "/private"), Contains("/private/var/vm"));
-    EXPECT_THAT(with(freedesktop_, "/dev/shm"), Each(Not("/dev")));
-    EXPECT_THAT(excludedPrefixes(FileURL("/proc/1"), freedesktop_, MountTable({}, false)),
+    EXPECT_THAT(with(darwin, "/Volumes"), Not(Contains("/Volumes")));
+    EXPECT_THAT(with(darwin, "/Volumes2"), Contains("/Volumes"));
+    EXPECT_THAT(with(darwin, "/private"), Contains("/private/var/vm"));
+    EXPECT_THAT(with(freedesktop, "/dev/shm"), Each(Not("/dev")));
+    EXPECT_THAT(excludedPrefixes(FileURL("/proc/1"), freedesktop, MountTable({}, false)),
                 Each(Not("/proc")));
 }
 
