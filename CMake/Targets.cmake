@@ -48,8 +48,7 @@ endfunction()
 
 # tolvane_test(HostKitTests SOURCES ... LINKS ... LABELS ...): one test program, each of its cases known
 # to ctest. A label tells which runs take it: "threads" is what the thread sanitizer is to watch,
-# "traced" what traces, preloads or changes namespaces (sanitizers bear none of these), "soak" what
-# takes long and is run by name.
+# "traced" what traces, preloads or changes namespaces, which sanitizers do not bear.
 add_custom_target(ThreadedTests)
 function(tolvane_test target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;LABELS")

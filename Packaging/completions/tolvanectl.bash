@@ -1,0 +1,44 @@
+# Completion of tolvanectl for bash.
+
+_tolvanectl() {
+    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' each
+    local commands='scan size access trash restore log' options='--help --json --version'
+
+    for each in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+        case $each in
+        scan | size | access | trash | restore | log)
+            command=$each
+            break
+            ;;
+        esac
+    done
+    case $command in
+    scan) options+=' --detailed --set --depth --top --svg --size' ;;
+    trash) options+=' --within --dry-run' ;;
+    log) options+=' --bytes' ;;
+    esac
+
+    COMPREPLY=()
+    case $previous in
+    --set | --depth | --top | --size | --bytes) return ;;
+    --within)
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -d -- "$word")
+        return
+        ;;
+    --svg)
+        compopt -o default 2>/dev/null
+        return
+        ;;
+    esac
+    case $command,$word in
+    *,-*) mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word") ;;
+    ,*) mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$word") ;;
+    scan,*)
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -d -- "$word")
+        ;;
+    size,* | trash,* | restore,*) compopt -o default 2>/dev/null ;;
+    esac
+}
+complete -F _tolvanectl tolvanectl

@@ -1,0 +1,29 @@
+# Completion of tolvanectl for fish.
+
+set -l commands scan size access trash restore log
+
+complete -c tolvanectl -f
+complete -c tolvanectl -s h -l help -d 'Print the options and exit'
+complete -c tolvanectl -l json -d 'Print one JSON document'
+complete -c tolvanectl -l version -d 'Print the version and exit'
+
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a scan -d 'Show what fills a folder'
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a size -d 'Measure single items'
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a access -d 'Tell whether everything may be read'
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a trash -d 'Move items to the Trash'
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a restore -d 'Put back what trash moved'
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a log -d "Show the end of the application's log"
+
+complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -l detailed -d 'Keep many more files of each folder'
+complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -x -l set -d 'Override a scan option (FIELD=VALUE)'
+complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -x -l depth -d 'Levels of children to print'
+complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -x -l top -d 'List so many of the largest files'
+complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -r -F -l svg -d "Draw the folder's children into a file"
+complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -x -l size -d 'Size of the drawing in pixels (WxH)'
+complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -x -a '(__fish_complete_directories)'
+complete -c tolvanectl -n '__fish_seen_subcommand_from size' -F
+complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -x -l within -a '(__fish_complete_directories)' -d 'A folder the items must lie in'
+complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -l dry-run -d 'Only tell what would be moved'
+complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -F
+complete -c tolvanectl -n '__fish_seen_subcommand_from restore' -F
+complete -c tolvanectl -n '__fish_seen_subcommand_from log' -x -l bytes -d "How much of the log's end to print"
