@@ -53,7 +53,9 @@ ProgramRun runProgram(const std::vector<std::string>& arguments,
                       std::string_view input) {
     const File in(std::tmpfile(), &std::fclose);
     const File out(std::tmpfile(), &std::fclose);
-    std::fwrite(input.data(), 1, input.size(), in.get());
+    if (!input.empty()) {
+        std::fwrite(input.data(), 1, input.size(), in.get());
+    }
     std::rewind(in.get());
     const pid_t child = ::fork();
     if (child == 0) {

@@ -1,0 +1,133 @@
+#include "ProgramTest.h"
+
+namespace tolvane {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+class CommandLine : public ProgramTest {};
+
+TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
+    home_.write("f");
+    const std::vector<Arguments> wrong{
+        {},
+        {"dance"},
+        {"scan"},
+        {"scan", ".", "."},
+        {"scan", ".", "--bogus"},
+        {"scan", ".", "--depth", "-1"},
+        {"scan", ".", "--top", "many"},
+        {"scan", ".", "--set", "maxDepth"},
+        {"scan", ".", "--set", "maxDepth=1x"},
+        {"scan", ".", "--set", "maxDepth=99999999999999999999"},
+        {"scan", ".", "--set", "followsSymlinks=maybe"},
+        {"scan", ".", "--set", "nothing=1"},
+        {"scan", ".", "--size", "10x10"},
+        {"scan", ".", "--svg", "p.svg", "--size", "0x10"},
+        {"size"},
+        {"trash", "f"},
+        {"trash", "--within", "."},
+        {"access", "now"},
+        {"log", "--bytes", "-1"},
+        {"restore", "a", "b"},
+    };
+    for (const Arguments& arguments : wrong) {
+        for (const Arguments& start : {Arguments{}, Arguments{"--json"}}) {
+            Arguments all = start;
+            all.insert(all.end(), arguments.begin(), arguments.end());
+            const CommandResult result = run(all);
+            EXPECT_EQ(result.status, 2) << testing::PrintToString(all);
+            EXPECT_THAT(result.output, IsEmpty()) << testing::PrintToString(all);
+            EXPECT_THAT(result.complaint, Not(IsEmpty())) << testing::PrintToString(all);
+        }
+    }
+    EXPECT_TRUE(home_.has("f"));
+}
+
+TEST_F(CommandLine, answersHelpAndVersionAtEveryLevel) {
+    for (const std::string command : {"", "scan", "size", "access", "trash", "restore", "log"}) {
+        const Arguments start = command.empty() ? Arguments{} : Arguments{command};
+        for (const std::string option : {"--help", "--version"}) {
+            Arguments all = start;
+            all.push_back(option);
+            const CommandResult result = run(all);
+            EXPECT_EQ(result.status, 0) << command << option;
+            EXPECT_THAT(result.output, HasSubstr("tolvanectl")) << command << option;
+        }
+    }
+}
+
+TEST_F(CommandLine, failsWhenTheOutputCannotBeWritten) {
+    home_.write("f", "content");
+    const Arguments scan{"--json", "scan", "."};
+    EXPECT_EQ(runIn("exec \"$@\" >/dev/full", scan).status, 1);
+    EXPECT_THAT(runIn("exec \"$@\" >/dev/full", scan).complaint, HasSubstr("No space left"));
+    EXPECT_EQ(runIn("exec \"$@\" >/dev/full", {"--help"}).status, 1);
+
+    const CommandResult unread =
+        runIn("mkfifo pipe; true <pipe & exec 4>pipe; wait; exec \"$@\" >&4", scan);
+    EXPECT_EQ(unread.status, 1);
+    EXPECT_THAT(unread.complaint, HasSubstr("Broken pipe")) << "its reader had gone";
+
+    const CommandResult closed = runIn("exec \"$@\" >&-", {"trash", "--within", ".", "f"});
+    EXPECT_EQ(closed.status, 1);
+    EXPECT_TRUE(home_.has("f")) << "whose receipt nobody could have read";
+}
+
+TEST_F(CommandLine, tellsTheAccess) {
+    const nlohmann::json status = run({"access", "--json"}).json();
+    EXPECT_TRUE(status.at("granted").is_boolean());
+    EXPECT_TRUE(status.at("confirmed").is_boolean());
+    EXPECT_THAT(status.at("guidance").get<std::string>(),
+                StartsWith(status.at("detail").get<std::string>()));
+    EXPECT_EQ(run({"access"}).output, status.at("guidance").get<std::string>() + "\n");
+}
+
+TEST_F(CommandLine, showsTheEndOfTheLogWithoutWritingToIt) {
+    EXPECT_EQ(run({"log"}).output, "No log yet.\n");
+    EXPECT_FALSE(home_.has(".local"));
+    const std::string log = "one\ntwo \x1b[31m\n";
+    home_.write(".local/state/Logs/Tolvane/scan.log", log);
+    EXPECT_EQ(run({"--json", "log"}).json(), (nlohmann::json{{"text", log}}));
+    EXPECT_EQ(run({"log"}).output, "one\ntwo ?[31m\n") << "no orders to the terminal";
+    EXPECT_EQ(run({"--json", "log", "--bytes", "5"}).json().at("text"), "[31m\n");
+    EXPECT_EQ(home_.read(".local/state/Logs/Tolvane/scan.log"), log);
+}
+
+TEST_F(CommandLine, measuresSingleItems) {
+    home_.write("folder/file", std::string(5000, 'x'));
+    home_.makeLink("folder/link", "12345");
+    home_.write("name \xFF", "123");
+    const nlohmann::json sizes = run({"--json", "size", "folder/../folder", "name \xFF"}).json();
+    ASSERT_EQ(sizes.size(), 2U);
+    EXPECT_TRUE(tellsPath(sizes[0], "path", home_.path("folder")));
+    EXPECT_GE(sizes[0].at("logicalSize"), 5005);
+    EXPECT_GE(sizes[0].at("allocatedSize"), 5000);
+    EXPECT_TRUE(tellsPath(sizes[1], "path", home_.path("name \xFF")));
+    EXPECT_EQ(sizes[1].at("logicalSize"), 3);
+    EXPECT_THAT(run({"size", "folder"}).output, HasSubstr("KB  " + home_.path("folder")));
+
+    const CommandResult missing = run({"--json", "size", "folder", "nowhere"});
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_THAT(missing.output, IsEmpty());
+    EXPECT_THAT(missing.complaint, HasSubstr(home_.path("nowhere") + ": No such file"));
+}
+
+TEST_F(CommandLine, showsProgressAndStylesOnATerminalOnly) {
+    home_.makeFolder("a folder");
+    const Arguments scan{"scan", "."};
+    EXPECT_THAT(shownOnTerminal(2, "", scan),
+                AllOf(StartsWith("\r"), HasSubstr(" folders"), HasSubstr("/s  0:00")));
+    EXPECT_THAT(run(scan).complaint, IsEmpty());
+
+    EXPECT_THAT(shownOnTerminal(1, "TERM=xterm NO_COLOR=", scan), HasSubstr("\x1b["));
+    EXPECT_THAT(shownOnTerminal(1, "TERM=xterm NO_COLOR=1", scan), Not(HasSubstr("\x1b[")));
+    EXPECT_THAT(run(scan).output, Not(HasSubstr("\x1b[")));
+}
+
+}
+}

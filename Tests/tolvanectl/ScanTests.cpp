@@ -1,0 +1,256 @@
+#include "ProgramTest.h"
+
+#include <HostKit/Date.h>
+#include <ScanKit/ExcludedPrefixes.h>
+#include <Support/OddNames.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <map>
+
+namespace tolvane {
+namespace {
+
+using nlohmann::json;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+struct Sums {
+    std::int64_t allocated = 0;
+    std::int64_t logical = 0;
+    std::int64_t files = 0;
+    std::int64_t folders = 0;
+};
+
+/// Compares a node that keeps everything with what the disk says of `path`, and gives its sums.
+Sums compareWithDisk(const json& node, const std::string& path) {
+    struct stat status {};
+    EXPECT_EQ(::lstat(path.c_str(), &status), 0) << path;
+    EXPECT_TRUE(tellsPath(node, "path", path)) << node;
+    EXPECT_TRUE(tellsPath(node, "name", path.substr(path.rfind('/') + 1))) << node;
+    EXPECT_EQ(node.at("id").get<std::string>().size(), 36U);
+    EXPECT_EQ(node.at("modified"), iso8601(static_cast<Date>(status.st_mtime)));
+    EXPECT_EQ(node.at("isPurgeable"), false);
+    EXPECT_EQ(node.at("truncated"), false);
+    EXPECT_EQ(node.at("hiddenBytes"), 0);
+    EXPECT_EQ(node.at("hiddenFiles"), 0);
+    EXPECT_EQ(node.at("hiddenDirectories"), 0);
+
+    const bool isFolder = S_ISDIR(status.st_mode);
+    const std::string kind = isFolder                  ? "directory"
+                             : S_ISREG(status.st_mode) ? "regular"
+                             : S_ISLNK(status.st_mode) ? "symlink"
+                                                       : "other";
+    EXPECT_EQ(node.at("kind"), kind) << path;
+    Sums sums{isFolder ? 0 : status.st_blocks * 512, isFolder ? 0 : status.st_size,
+              isFolder ? 0 : 1, isFolder ? 1 : 0};
+    EXPECT_EQ(node.at("allocatedSize"), sums.allocated) << path;
+    EXPECT_EQ(node.at("logicalSize"), sums.logical) << path;
+    for (const json& child : node.at("children")) {
+        const json& told = child.contains("nameBytes") ? child.at("nameBytes") : child.at("name");
+        const std::string name = [&] {
+            for (const std::string& odd : oddNames()) {
+                if (told == base64(odd)) {
+                    return odd;
+                }
+            }
+            return told.get<std::string>();
+        }();
+        const Sums below = compareWithDisk(child, path + "/" + name);
+        sums = {sums.allocated + below.allocated, sums.logical + below.logical,
+                sums.files + below.files, sums.folders + below.folders};
+    }
+    EXPECT_EQ(node.at("totalAllocatedSize"), sums.allocated) << path;
+    EXPECT_EQ(node.at("totalLogicalSize"), sums.logical) << path;
+    EXPECT_EQ(node.at("totalPurgeableSize"), 0) << path;
+    EXPECT_EQ(node.at("fileCount"), sums.files) << path;
+    EXPECT_EQ(node.at("listedFileCount"), sums.files) << path;
+    EXPECT_EQ(node.at("directoryCount"), sums.folders) << path;
+    EXPECT_EQ(node.at("listedDirectoryCount"), sums.folders) << path;
+    return sums;
+}
+
+class Scan : public ProgramTest {
+  protected:
+    json scan(const Arguments& more = {}) const {
+        Arguments arguments{"--json", "scan", "tree"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const CommandResult result = run(arguments);
+        EXPECT_EQ(result.status, 0) << result.complaint;
+        EXPECT_THAT(result.complaint, IsEmpty());
+        return result.json();
+    }
+};
+
+TEST_F(Scan, tellsEveryFieldOfEveryNode) {
+    for (const std::string& name : oddNames()) {
+        home_.write("tree/" + name, name);
+        home_.write("tree/folder/in " + name.substr(0, 200) + "/file", std::string(5000, 'x'));
+    }
+    home_.makeLink("tree/folder/link", "nowhere");
+    ASSERT_EQ(::mkfifo(home_.path("tree/pipe").c_str(), 0600), 0);
+    // Of these the names can be found again from what is told.
+    for (const std::string& name : oddNames()) {
+        std::rename(home_.path("tree/folder/in " + name.substr(0, 200)).c_str(),
+                    home_.path("tree/folder/" + name).c_str());
+    }
+
+    const json document = scan({"--detailed"});
+    EXPECT_EQ(document.at("outcome"), "completed");
+    EXPECT_EQ(document.at("failures"), json::array());
+    EXPECT_TRUE(document.at("seconds").is_number());
+    const Sums sums = compareWithDisk(document.at("root"), home_.path("tree"));
+    EXPECT_EQ(sums.files, static_cast<std::int64_t>(2 * oddNames().size() + 2));
+}
+
+TEST_F(Scan, printsLessWithoutCountingLess) {
+    home_.write("tree/a/b/c", std::string(20'000, 'x'));
+    home_.write("tree/a/d", std::string(10'000, 'x'));
+    home_.write("tree/e", "x");
+    const json whole = scan().at("root");
+    const json shallow = scan({"--depth", "1"}).at("root");
+    EXPECT_EQ(shallow.at("totalAllocatedSize"), whole.at("totalAllocatedSize"));
+    EXPECT_EQ(shallow.at("fileCount"), 3);
+    ASSERT_EQ(shallow.at("children").size(), 2U);
+    EXPECT_FALSE(shallow.at("children")[0].contains("children"));
+    EXPECT_EQ(shallow.at("children")[0].at("fileCount"), 2);
+    EXPECT_FALSE(scan({"--depth", "0"}).at("root").contains("children"));
+
+    const json top = scan({"--top", "2", "--depth", "0"}).at("top");
+    ASSERT_EQ(top.size(), 2U);
+    EXPECT_EQ(top[0].at("path"), home_.path("tree/a/b/c"));
+    EXPECT_EQ(top[1].at("path"), home_.path("tree/a/d"));
+    EXPECT_FALSE(top[0].contains("children"));
+    EXPECT_EQ(scan({"--top", "9"}).at("top").size(), 3U);
+}
+
+TEST_F(Scan, letsEveryOptionBeOverridden) {
+    home_.write("tree/.hidden");
+    home_.write("tree/.nofollow");
+    home_.write("tree/a/b/deep");
+    home_.write("tree/large", std::string(100'000, 'x'));
+    ASSERT_EQ(::link(home_.path("tree/large").c_str(), home_.path("tree/larger").c_str()), 0);
+    home_.makeLink("tree/link", "a");
+    // Files, listed files, folders, listed folders, bytes of "large" counted.
+    using Counts = std::vector<std::int64_t>;
+    const std::int64_t size = scan().at("root").at("totalAllocatedSize").get<std::int64_t>() / 2;
+    const std::vector<std::pair<Arguments, Counts>> table{
+        {{}, {5, 5, 3, 3, 2}},
+        {{"skipsHiddenFiles=true"}, {4, 4, 3, 3, 2}},
+        {{"followsSymlinks=true"}, {5, 5, 5, 5, 2}},
+        {{"excludesNoFollowMarker=false"}, {6, 6, 3, 3, 2}},
+        {{"deduplicatesHardlinks=true"}, {5, 5, 3, 3, 1}},
+        {{"maxDepth=2"}, {4, 4, 3, 3, 2}},
+        {{"progressInterval=0"}, {5, 5, 3, 3, 2}},
+        {{"maxRetainedFilesPerDirectory=1"}, {5, 2, 3, 3, 2}},
+        {{"maxRetainedNodes=0"}, {5, 0, 3, 3, 2}},
+        {{"maxRetainedDirectories=1"}, {5, 4, 3, 1, 2}},
+        {{"maxRetainedNodes=0", "keyFileSizeThreshold=50000"}, {5, 2, 3, 3, 2}},
+        {{"maxRetainedNodes=0", "keyFileSizeThreshold=50000", "maxRetainedLargeFiles=1"},
+         {5, 1, 3, 3, 2}},
+        {{"excludedPathPrefixes=tree/a,,tree/large"}, {3, 3, 1, 1, 1}},
+        {{"skipsHiddenFiles=true", "skipsHiddenFiles=false"}, {5, 5, 3, 3, 2}},
+    };
+    for (const auto& [settings, counts] : table) {
+        Arguments arguments;
+        for (const std::string& setting : settings) {
+            arguments.insert(arguments.end(), {"--set", setting});
+        }
+        const json root = scan(arguments).at("root");
+        const Counts found{root.at("fileCount"), root.at("listedFileCount"),
+                           root.at("directoryCount"), root.at("listedDirectoryCount"),
+                           root.at("totalAllocatedSize").get<std::int64_t>() / size};
+        EXPECT_EQ(found, counts) << testing::PrintToString(settings);
+    }
+}
+
+TEST_F(Scan, tellsPeopleWhatFillsAFolder) {
+    home_.write("tree/small/file", std::string(4000, 'x'));
+    home_.write("tree/Large/file", std::string(300'000, 'x'));
+    home_.write("tree/one", "1");
+    home_.write("tree/two", std::string(50'000, '2'));
+    home_.makeLink("tree/lost", "nowhere");
+    const CommandResult result =
+        run({"scan", "tree", "--top", "1", "--set", "maxRetainedFilesPerDirectory=1", "--set",
+             "followsSymlinks=true", "--set", "excludedPathPrefixes=tree/small"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.output,
+                AllOf(HasSubstr(home_.path("tree") + "\n"), HasSubstr(" in 3 files and 3 folders"),
+                      HasSubstr("1 smaller items, "), HasSubstr("Largest files\n"),
+                      HasSubstr(home_.path("tree/Large/file")),
+                      HasSubstr("Not counted: " + home_.path("tree/small") + ", items named"),
+                      Not(HasSubstr("small/\n"))));
+    EXPECT_LT(result.output.find("Large/"), result.output.find("two\n"));
+    EXPECT_EQ(result.complaint, "1 item could not be read:\n  " + home_.path("tree/lost") +
+                                    ": No such file or directory\n");
+}
+
+TEST_F(Scan, failsOnWhatCannotBeListed) {
+    home_.write("file");
+    for (const std::string path : {"file", "nowhere", "nowhere/below"}) {
+        for (const Arguments& arguments : {Arguments{"scan", path}, {"--json", "scan", path}}) {
+            const CommandResult result = run(arguments);
+            EXPECT_EQ(result.status, 1) << path;
+            EXPECT_THAT(result.output, IsEmpty()) << path;
+            EXPECT_THAT(result.complaint, HasSubstr("Could not list " + home_.path(path) + ": "));
+        }
+    }
+}
+
+TEST_F(Scan, takesTheNameOfACommandForAPath) {
+    home_.makeFolder("log");
+    EXPECT_EQ(run({"--json", "scan", "log"}).json().at("root").at("path"), home_.path("log"));
+}
+
+TEST_F(Scan, printsThePartialResultOfACancelledScan) {
+    // Two links back into the folder make a walk that nobody sees the end of.
+    home_.write("tree/file", "content");
+    home_.makeLink("tree/again", ".");
+    home_.makeLink("tree/and again", ".");
+    for (const std::string signal : {"INT", "TERM"}) {
+        // Blocked it stays pending until the program waits for it.
+        sigset_t blocked;
+        sigset_t before;
+        ::sigemptyset(&blocked);
+        ::sigaddset(&blocked, signal == "INT" ? SIGINT : SIGTERM);
+        ::pthread_sigmask(SIG_BLOCK, &blocked, &before);
+        const std::string script = "kill -" + signal + " $$; exec \"$@\"";
+        const CommandResult asJson =
+            runIn(script, {"--json", "scan", "tree", "--set", "followsSymlinks=true"});
+        const CommandResult asText =
+            runIn(script, {"scan", "tree", "--set", "followsSymlinks=true"});
+        ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+        EXPECT_EQ(asJson.status, 130);
+        EXPECT_EQ(asJson.json().at("outcome"), "cancelled");
+        EXPECT_EQ(asJson.json().at("root").at("path"), home_.path("tree"));
+        EXPECT_EQ(asText.status, 130);
+        EXPECT_THAT(asText.output, HasSubstr("cancelled: a partial result"));
+    }
+}
+
+TEST_F(Scan, drawsThePictureOfTheChildren) {
+    home_.write("tree/<img src=x> & \x1b", std::string(30'000, 'x'));
+    home_.write("tree/b", std::string(10'000, 'x'));
+    home_.write("tree/empty");
+    const CommandResult result =
+        run({"scan", "tree", "--svg", "p.svg", "--size", "400x300", "--depth", "0"});
+    EXPECT_EQ(result.status, 0) << result.complaint;
+    const std::string picture = home_.read("p.svg");
+    EXPECT_THAT(picture,
+                AllOf(HasSubstr("width=\"400\" height=\"300\""),
+                      HasSubstr("<title>&lt;img src=x&gt; &amp; ?, "), HasSubstr("<title>b, "),
+                      Not(HasSubstr("<title>empty")), testing::EndsWith("</svg>\n")));
+
+    const CommandResult failed = run({"scan", "tree", "--svg", "nowhere/p.svg"});
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_THAT(failed.complaint, HasSubstr("Could not write " + home_.path("nowhere/p.svg")));
+    EXPECT_THAT(failed.output, HasSubstr("3 files")) << "the scan is not lost";
+}
+
+}
+}
