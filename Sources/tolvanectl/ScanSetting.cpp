@@ -9,6 +9,9 @@
 namespace tolvane {
 namespace {
 
+/// A scan's stack grows with the depth: so many levels take about 2.5 MB of the usual 8.
+constexpr std::int64_t greatestDepth = 4096;
+
 using Prefixes = std::vector<std::string>;
 using Member =
     std::variant<bool ScanOptions::*, std::int64_t ScanOptions::*, Prefixes ScanOptions::*>;
@@ -81,6 +84,9 @@ Result<void, std::string> applySetting(ScanOptions& options, std::string_view se
             std::visit([&](auto member) { return parse(value, options.*member); }, field.member);
         if (!isValid) {
             return tl::unexpected(fmt::format("\"{}\" is no value for {}", value, name));
+        }
+        if (options.maxDepth > greatestDepth) {
+            return tl::unexpected(fmt::format("maxDepth goes up to {}", greatestDepth));
         }
         return {};
     }

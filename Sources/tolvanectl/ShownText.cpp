@@ -2,6 +2,9 @@
 
 #include <HostKit/Text.h>
 
+#include <algorithm>
+#include <array>
+
 namespace tolvane {
 namespace {
 
@@ -22,6 +25,16 @@ bool isSecondControl(std::string_view text, std::size_t position) {
            static_cast<unsigned char>(text[position + 1]) < 0xA0;
 }
 
+/// The marks that turn the direction of text (Unicode's Bidi_Control): a name that holds one could
+/// pass for another, and would turn the columns behind it.
+constexpr std::array<std::string_view, 12> directionMarks{"\u061C", "\u200E", "\u200F", "\u202A",
+                                                          "\u202B", "\u202C", "\u202D", "\u202E",
+                                                          "\u2066", "\u2067", "\u2068", "\u2069"};
+
+bool isDirectionMark(std::string_view character) {
+    return std::ranges::find(directionMarks, character) != directionMarks.end();
+}
+
 std::size_t nextCharacter(std::string_view text, std::size_t position) {
     do {
         ++position;
@@ -29,24 +42,33 @@ std::size_t nextCharacter(std::string_view text, std::size_t position) {
     return position;
 }
 
+std::size_t columnsOfCharacter(char firstByte) {
+    return static_cast<unsigned char>(firstByte) < 0x80 ? 1 : 2;
+}
+
 /// How many bytes of the text's beginning fit.
 std::size_t fittingPrefix(std::string_view text, std::size_t columns) {
     std::size_t end = 0;
-    while (end < text.size()) {
-        const std::size_t next = nextCharacter(text, end);
-        if (columnsOf(text.substr(0, next)) > columns) {
-            break;
-        }
-        end = next;
+    while (end < text.size() && columnsOfCharacter(text[end]) <= columns) {
+        columns -= columnsOfCharacter(text[end]);
+        end = nextCharacter(text, end);
     }
     return end;
 }
 
 /// Where the longest fitting end of the text begins.
 std::size_t fittingSuffix(std::string_view text, std::size_t columns) {
-    std::size_t start = 0;
-    while (start < text.size() && columnsOf(text.substr(start)) > columns) {
-        start = nextCharacter(text, start);
+    std::size_t start = text.size();
+    for (std::size_t position = start; position > 0;) {
+        --position;
+        if (isContinuation(text[position])) {
+            continue;
+        }
+        if (columnsOfCharacter(text[position]) > columns) {
+            break;
+        }
+        columns -= columnsOfCharacter(text[position]);
+        start = position;
     }
     return start;
 }
@@ -57,13 +79,13 @@ std::string shownText(std::string_view bytes) {
     const std::string text = displayText(bytes);
     std::string shown;
     shown.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (isSecondControl(text, i)) {
-            shown += '?';
-            ++i;
-        } else {
-            shown += isControl(text[i]) ? '?' : text[i];
-        }
+    for (std::size_t position = 0; position < text.size();) {
+        const std::size_t next = nextCharacter(text, position);
+        const std::string_view character = std::string_view(text).substr(position, next - position);
+        const bool isHarmful = isControl(text[position]) || isSecondControl(text, position) ||
+                               isDirectionMark(character);
+        shown += isHarmful ? "?" : character;
+        position = next;
     }
     return shown;
 }
@@ -82,8 +104,7 @@ std::string grouped(std::int64_t count) {
 std::size_t columnsOf(std::string_view text) {
     std::size_t columns = 0;
     for (const char byte : text) {
-        const bool isASCII = static_cast<unsigned char>(byte) < 0x80;
-        columns += isASCII ? 1 : isContinuation(byte) ? 0 : 2;
+        columns += isContinuation(byte) ? 0 : columnsOfCharacter(byte);
     }
     return columns;
 }
