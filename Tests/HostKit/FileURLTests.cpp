@@ -58,7 +58,7 @@ TEST(FileURL, joinsWithOneSeparator) {
     EXPECT_EQ(FileURL("/").appending("a").path(), "/a");
     EXPECT_EQ(FileURL("/a").appending("b/c").path(), "/a/b/c");
     EXPECT_EQ(FileURL("/a/").appending("b").path(), "/a/b");
-    EXPECT_EQ(FileURL::absolute("b/c", "/work").path(), "/work/b/c");
+    EXPECT_EQ(FileURL::absolute("b/c", "/home/u").path(), "/home/u/b/c");
     EXPECT_EQ(FileURL::absolute("/b", "/work").path(), "/b");
 }
 
