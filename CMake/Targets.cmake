@@ -19,6 +19,10 @@ if(TOLVANE_SANITIZERS)
     target_compile_options(TolvaneFlags INTERFACE
         -fsanitize=${TOLVANE_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(TolvaneFlags INTERFACE -fsanitize=${TOLVANE_SANITIZERS})
+    # What sanitizers add keeps g++ from seeing that variables are set (gcc.gnu.org/PR105562).
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        target_compile_options(TolvaneFlags INTERFACE -Wno-maybe-uninitialized)
+    endif()
     # g++ warns that it does not see through the fences of Boost.Asio, which stand beside mutexes.
     if(TOLVANE_SANITIZERS MATCHES "thread" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         target_compile_options(TolvaneFlags INTERFACE -Wno-tsan)
