@@ -1,5 +1,6 @@
 #include "InterruptedTrash.h"
 
+#include <HostKit/TrashInfo.h>
 #include <Support/OddNames.h>
 #include <Support/OrdinaryUser.h>
 #include <Support/RemovalHome.h>
@@ -15,8 +16,6 @@ namespace tolvane {
 namespace {
 
 namespace fs = std::filesystem;
-
-const std::string info = ".local/share/Trash/info";
 
 class RemovalFault : public testing::Test {
   protected:
@@ -137,10 +136,11 @@ class ImmovableItem : public RemovalFault {
     const std::vector<std::string> names = {"i1", "i2", "i3", "i4", "i5"};
 
     void expectTwoMoved() const {
+        const TreeState infos = treeState(home.path(".local/share/Trash/info"));
         for (const std::string& name : names) {
             const bool isMoved = name == "i1" || name == "i2";
             EXPECT_EQ(home.has("f/" + name), !isMoved) << name;
-            EXPECT_EQ(home.has(info + "/" + name + ".trashinfo"), isMoved) << name;
+            EXPECT_EQ(infos.contains("/" + trashInfoName(name)), isMoved) << name;
         }
         if (!hasProgram("trash-restore")) {
             return;

@@ -34,10 +34,10 @@ class VolumeFault : public testing::Test {
         EXPECT_EQ(::lstat(path.c_str(), &status), 0) << path;
         return status.st_ino;
     }
-    std::string personal(const std::string& volume) const {
+    static std::string personal(const std::string& volume) {
         return volume + "/.Trash-" + std::to_string(::geteuid());
     }
-    std::string shared(const std::string& volume) const {
+    static std::string shared(const std::string& volume) {
         return volume + "/.Trash/" + std::to_string(::geteuid());
     }
 

@@ -188,7 +188,7 @@ class RandomRemovals : public testing::Test {
         killCount += WIFSIGNALED(status) ? 1 : 0;
     }
 
-    bool isThere(const FileURL& item) const {
+    static bool isThere(const FileURL& item) {
         return fs::symlink_status(item.path()).type() != fs::file_type::not_found;
     }
 
@@ -247,8 +247,9 @@ class RandomRemovals : public testing::Test {
         std::map<std::string, std::string> expectedPlaces;
         for (const auto& [name, item] : model.trash) {
             expectedPlaces[name] = root + item.original;
+            const std::string place = "/" + name;
             for (const auto& [below, description] : item.content) {
-                expected["/" + name + below] = description;
+                expected[place + below] = description;
             }
         }
         const std::string files = trashFolder() + "/files";

@@ -93,7 +93,7 @@ bool anyPair(const Paths& paths, const Paths& places, Predicate holds) {
 }
 
 bool liesStrictlyWithin(const std::string& path, const std::string& place) {
-    return pathBelow(path, place).value_or("") != "";
+    return !pathBelow(path, place).value_or("").empty();
 }
 
 bool isOrHolds(const std::string& path, const std::string& place) {
