@@ -79,7 +79,7 @@ NodeTotals NodeWriter::writeNode(const FileNode& node, const Place* parent, std:
 
 NodeTotals NodeWriter::writeChildren(const FileNode& node, std::int64_t depth) {
     NodeTotals totals = ownTotals(node);
-    out_.append(",\"children\":[");
+    out_.append(R"(,"children":[)");
     if (!node.children().empty()) {
         const Place place = placeOf(node.url().path());
         std::string_view separator;
@@ -103,14 +103,14 @@ NodeWriter::Place NodeWriter::placeOf(const std::string& path) {
 }
 
 void NodeWriter::writeLocation(const FileNode& node, const Place* parent) {
-    out_.append("{\"id\":\"");
+    out_.append(R"({"id":")");
     out_.append(text(node.id()));
-    out_.append("\",");
+    out_.append(R"(",)");
     // A directory may be what a link led to and lie elsewhere; anything else lies in its parent.
     if (parent == nullptr || node.isDirectory()) {
         writePath("path", node.url().path());
     } else {
-        out_.append("\"path\":\"");
+        out_.append(R"("path":")");
         out_.append(parent->escapedPrefix);
         const bool isText =
             escape(node.name(), [&](std::string_view piece) { out_.append(piece); });
@@ -118,7 +118,7 @@ void NodeWriter::writeLocation(const FileNode& node, const Place* parent) {
         if (!isText || !parent->isText) {
             std::string path = parent->path;
             appendComponent(path, node.name());
-            out_.format(",\"pathBytes\":\"{}\"", Base64::encoded(path));
+            out_.format(R"(,"pathBytes":"{}")", Base64::encoded(path));
         }
     }
     out_.append(",");
@@ -126,26 +126,26 @@ void NodeWriter::writeLocation(const FileNode& node, const Place* parent) {
 }
 
 void NodeWriter::writeFields(const FileNode& node) {
-    out_.append(",\"kind\":\"");
+    out_.append(R"(,"kind":")");
     out_.append(rawValue(node.kind()));
-    writeNumber("\",\"allocatedSize\":", node.allocatedSize());
-    writeNumber(",\"logicalSize\":", node.logicalSize());
-    writeBoolean(",\"isPurgeable\":", node.isPurgeable());
+    writeNumber(R"(","allocatedSize":)", node.allocatedSize());
+    writeNumber(R"(,"logicalSize":)", node.logicalSize());
+    writeBoolean(R"(,"isPurgeable":)", node.isPurgeable());
     writeDate(node.modified());
-    writeNumber(",\"hiddenBytes\":", node.hiddenBytes());
-    writeNumber(",\"hiddenFiles\":", node.hiddenFiles());
-    writeNumber(",\"hiddenDirectories\":", node.hiddenDirectories());
-    writeBoolean(",\"truncated\":", node.truncated());
+    writeNumber(R"(,"hiddenBytes":)", node.hiddenBytes());
+    writeNumber(R"(,"hiddenFiles":)", node.hiddenFiles());
+    writeNumber(R"(,"hiddenDirectories":)", node.hiddenDirectories());
+    writeBoolean(R"(,"truncated":)", node.truncated());
 }
 
 void NodeWriter::writeTotals(const NodeTotals& totals) {
-    writeNumber(",\"totalAllocatedSize\":", totals.totalAllocatedSize);
-    writeNumber(",\"totalLogicalSize\":", totals.totalLogicalSize);
-    writeNumber(",\"totalPurgeableSize\":", totals.totalPurgeableSize);
-    writeNumber(",\"fileCount\":", totals.fileCount);
-    writeNumber(",\"directoryCount\":", totals.directoryCount);
-    writeNumber(",\"listedFileCount\":", totals.listedFileCount);
-    writeNumber(",\"listedDirectoryCount\":", totals.listedDirectoryCount);
+    writeNumber(R"(,"totalAllocatedSize":)", totals.totalAllocatedSize);
+    writeNumber(R"(,"totalLogicalSize":)", totals.totalLogicalSize);
+    writeNumber(R"(,"totalPurgeableSize":)", totals.totalPurgeableSize);
+    writeNumber(R"(,"fileCount":)", totals.fileCount);
+    writeNumber(R"(,"directoryCount":)", totals.directoryCount);
+    writeNumber(R"(,"listedFileCount":)", totals.listedFileCount);
+    writeNumber(R"(,"listedDirectoryCount":)", totals.listedDirectoryCount);
     out_.append("}");
 }
 
@@ -162,10 +162,10 @@ void NodeWriter::writeBoolean(std::string_view keyPart, bool value) {
 
 void NodeWriter::writeDate(std::optional<Date> date) {
     if (!date) {
-        out_.append(",\"modified\":null");
+        out_.append(R"(,"modified":null)");
         return;
     }
-    out_.append(",\"modified\":\"");
+    out_.append(R"(,"modified":")");
     out_.append(iso8601(*date));
     out_.append("\"");
 }
@@ -179,11 +179,11 @@ void NodeWriter::writeText(std::string_view bytes) {
 void NodeWriter::writePath(std::string_view key, std::string_view bytes) {
     out_.append("\"");
     out_.append(key);
-    out_.append("\":\"");
+    out_.append(R"(":")");
     const bool isText = escape(bytes, [&](std::string_view piece) { out_.append(piece); });
     out_.append("\"");
     if (!isText) {
-        out_.format(",\"{}Bytes\":\"{}\"", key, Base64::encoded(bytes));
+        out_.format(R"(,"{}Bytes":"{}")", key, Base64::encoded(bytes));
     }
 }
 

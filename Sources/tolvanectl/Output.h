@@ -14,6 +14,8 @@ class Output {
   public:
     explicit Output(int descriptor)
         : descriptor_(descriptor) {}
+    /// Flushes nothing: only `flush` can tell of a failure.
+    ~Output() = default;
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 

@@ -109,7 +109,7 @@ class ScanCommand : public Command {
         }
         return [&line](const ScanProgress& progress) {
             if (line.isDue()) {
-                const double items =
+                const auto items =
                     static_cast<double>(progress.filesScanned + progress.directoriesScanned);
                 const double rate = items / std::max(line.elapsed(), 0.1);
                 line.show(fmt::format(

@@ -7,6 +7,7 @@
 #include <Services/ByteFormat.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tolvane {
 namespace {
@@ -43,14 +44,15 @@ std::vector<Row> sortedChildren(const FileNode& node) {
 /// What of `whole` a part takes, as "27.2 %" and as a bar.
 std::pair<std::string, std::string> share(Bytes part, Bytes whole) {
     const double ratio = whole > 0 ? static_cast<double>(part) / static_cast<double>(whole) : 0;
-    const auto length = static_cast<std::size_t>(ratio * barLength + 0.5);
-    return {fmt::format("{:.1f} %", ratio * 100), std::string(length, '#')};
+    const std::string bar(static_cast<std::size_t>(std::lround(ratio * barLength)), '#');
+    return {fmt::format("{:.1f} %", ratio * 100), bar};
 }
 
 std::string hiddenText(const FileNode& node) {
     const std::int64_t items = sum(node.hiddenFiles(), node.hiddenDirectories());
-    const std::string_view what = node.truncated() ? "items not kept" : "smaller items";
-    return fmt::format("{} {}, {}", grouped(items), what, ByteFormat::text(node.hiddenBytes()));
+    // A folder over the budgets lost items of any size.
+    const std::string_view noun = node.truncated() ? "other item" : "smaller item";
+    return counted(items, noun) + ", " + ByteFormat::text(node.hiddenBytes());
 }
 
 /// The children of one folder, each followed by its own as deep as wanted.
@@ -90,10 +92,9 @@ void printTotals(Console& console, const ScanReport& report, const NodeTotals& t
     Output& out = console.out();
     const std::string path = shownText(report.outcome.root.url().path());
     out.format("{}\n", console.styled(Style::strong, path));
-    out.format("{} in {} files and {} folders, {:.2f} s{}\n",
-               ByteFormat::text(totals.totalAllocatedSize), grouped(totals.fileCount),
-               grouped(totals.directoryCount), report.seconds,
-               report.isPartial() ? " (cancelled: a partial result)" : "");
+    out.format("{} in {} and {}, {:.2f} s{}\n", ByteFormat::text(totals.totalAllocatedSize),
+               counted(totals.fileCount, "file"), counted(totals.directoryCount, "folder"),
+               report.seconds, report.isPartial() ? " (cancelled: a partial result)" : "");
     if (totals.totalPurgeableSize > 0) {
         out.format("{} of it can be made again by the system or its programs\n",
                    ByteFormat::text(totals.totalPurgeableSize));
@@ -149,8 +150,8 @@ void complainOfFailures(Console& console, const std::vector<ScanFailure>& failur
     if (failures.empty()) {
         return;
     }
-    console.complain(grouped(static_cast<std::int64_t>(failures.size())) +
-                     (failures.size() == 1 ? " item" : " items") + " could not be read:");
+    const auto count = static_cast<std::int64_t>(failures.size());
+    console.complain(counted(count, "item") + " could not be read:");
     const std::size_t shown = std::min(namedFailures, failures.size());
     for (std::size_t i = 0; i < shown; ++i) {
         console.complain("  " + failures[i].path + ": " + failures[i].reason);
@@ -186,10 +187,10 @@ void printAsText(Console& console, const Host& host, const ScanReport& report) {
 
 void printAsJson(Output& out, const ScanReport& report) {
     NodeWriter writer(out);
-    out.format("{{\"outcome\":\"{}\",\"root\":", report.isPartial() ? "cancelled" : "completed");
+    out.format(R"({{"outcome":"{}","root":)", report.isPartial() ? "cancelled" : "completed");
     writer.writeTree(report.outcome.root, report.depth.value_or(NodeWriter::unlimitedDepth));
     if (report.top) {
-        out.append(",\"top\":[");
+        out.append(R"(,"top":[)");
         std::string_view separator;
         for (const FileNode* file : largestFiles(report.outcome.root, *report.top)) {
             out.append(separator);
@@ -198,18 +199,20 @@ void printAsJson(Output& out, const ScanReport& report) {
         }
         out.append("]");
     }
-    out.append(",\"failures\":[");
+    out.append(R"(,"failures":[)");
     std::string_view separator = "{";
     for (const ScanFailure& failure : report.failures) {
         out.append(separator);
         writer.writePath("path", failure.path);
-        out.append(",\"reason\":");
+        out.append(R"(,"reason":)");
         writer.writeText(failure.reason);
         out.append("}");
         out.flushIfLarge();
         separator = ",{";
     }
-    out.format("],\"seconds\":{:.3f}}}\n", report.seconds);
+    out.format(R"(],"seconds":{:.3f}}})"
+               "\n",
+               report.seconds);
 }
 
 }

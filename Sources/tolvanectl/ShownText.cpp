@@ -101,6 +101,10 @@ std::string grouped(std::int64_t count) {
     return digits;
 }
 
+std::string counted(std::int64_t count, std::string_view noun) {
+    return grouped(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
+}
+
 std::size_t columnsOf(std::string_view text) {
     std::size_t columns = 0;
     for (const char byte : text) {

@@ -18,7 +18,7 @@ SignalWatch::SignalWatch(CancellationFlag& cancellation)
 
 SignalWatch::~SignalWatch() {
     isEnding_.cancel();
-    ::pthread_kill(thread_.native_handle(), SIGTERM);
+    ::pthread_kill(thread_.native_handle(), SIGINT);
     thread_.join();
 }
 

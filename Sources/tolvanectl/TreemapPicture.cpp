@@ -66,13 +66,13 @@ void drawCell(Output& out, const TreemapCell& cell) {
     const Rectangle& place = cell.rect;
     const std::string label = shownText(cell.label);
     const auto colour = static_cast<std::size_t>(cell.colorIndex) % palette.size();
-    out.format("<g><title>{}, {}</title><rect x=\"{:.2f}\" y=\"{:.2f}\" width=\"{:.2f}\" "
-               "height=\"{:.2f}\" fill=\"{}\"/>",
+    out.format(R"(<g><title>{}, {}</title><rect x="{:.2f}" y="{:.2f}" width="{:.2f}" )"
+               R"(height="{:.2f}" fill="{}"/>)",
                escapedForXML(label), ByteFormat::text(static_cast<Bytes>(cell.weight)), place.x,
                place.y, place.width, place.height, palette[colour]);
     const double letters = (place.width - 2 * margin) / letterWidth;
     if (letters >= 3 && place.height >= fontSize + 2 * margin) {
-        out.format("<text x=\"{:.2f}\" y=\"{:.2f}\">{}</text>", place.x + margin,
+        out.format(R"(<text x="{:.2f}" y="{:.2f}">{}</text>)", place.x + margin,
                    place.y + margin + fontSize,
                    escapedForXML(elidedInTheMiddle(label, static_cast<std::size_t>(letters))));
     }
@@ -80,11 +80,12 @@ void drawCell(Output& out, const TreemapCell& cell) {
 }
 
 void draw(Output& out, const FileNode& folder, const PictureSize& size) {
-    out.format("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-               "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0}\" height=\"{1}\" "
-               "viewBox=\"0 0 {0} {1}\" font-family=\"sans-serif\" font-size=\"{2}\" "
-               "stroke=\"white\">\n<style>text {{ stroke: none }}</style>\n"
-               "<rect width=\"{0}\" height=\"{1}\" fill=\"#eeeeee\"/>\n",
+    out.format(R"(<?xml version="1.0" encoding="UTF-8"?>
+<svg xmlns="http://www.w3.org/2000/svg" width="{0}" height="{1}" viewBox="0 0 {0} {1}" )"
+               R"(font-family="sans-serif" font-size="{2}" stroke="white">
+<style>text {{ stroke: none }}</style>
+<rect width="{0}" height="{1}" fill="#eeeeee"/>
+)",
                size.width, size.height, fontSize);
     constexpr Bytes smallest = 1;
     constexpr std::int64_t all = std::numeric_limits<std::int64_t>::max();

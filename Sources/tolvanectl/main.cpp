@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstdio>
+#include <exception>
 #include <sstream>
 
 namespace tolvane {
@@ -114,5 +116,10 @@ Exit run(int argumentCount, char** arguments) {
 int main(int argumentCount, char** arguments) {
     tolvane::fillMissingStreams();
     std::signal(SIGPIPE, SIG_IGN);
-    return static_cast<int>(tolvane::run(argumentCount, arguments));
+    try {
+        return static_cast<int>(tolvane::run(argumentCount, arguments));
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return static_cast<int>(tolvane::Exit::failed);
+    }
 }

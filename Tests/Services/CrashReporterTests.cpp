@@ -32,7 +32,7 @@ void installIn(const FileURL& folder) {
 
 // Calls itself until the stack is used up: the depth is never reached, and what is done with the
 // result keeps the calls from being folded into a loop.
-[[gnu::noinline]] int useUpStack(volatile int* depth) {
+[[gnu::noinline]] int useUpStack(const volatile int* depth) {
     volatile int room[1024];
     room[0] = *depth - 1;
     return room[0] == 0 ? 0 : useUpStack(room) + room[0];

@@ -17,17 +17,12 @@ constexpr Date launchTime = 1'794'773'666;
 
 class DiagnosticsTest : public ::testing::Test {
   protected:
-    DiagnosticsTest()
-        : files_(systemFileManager(layout_)) {
-        layout_.locations.libraryDirectory = home_.url("state");
-    }
-
     Diagnostics diagnostics() {
-        return Diagnostics(layout_.locations, log_, files_, [] { return launchTime; });
+        return Diagnostics(layout.locations, log, files, [] { return launchTime; });
     }
 
     void writeReport(const std::string& name, double daysOld) const {
-        const FileURL report = home_.write("state/Logs/DiagnosticReports/" + name);
+        const FileURL report = home.write("state/Logs/DiagnosticReports/" + name);
         const std::chrono::duration<double> age(launchTime - daysOld * 86'400 - now());
         const auto time =
             std::chrono::file_clock::now() + std::chrono::duration_cast<std::chrono::seconds>(age);
@@ -36,18 +31,15 @@ class DiagnosticsTest : public ::testing::Test {
 
     /// The messages in the log.
     std::string logged() {
-        log_.flush();
-        return home_.read(logPath);
+        log.flush();
+        return home.read(logPath);
     }
 
-    TemporaryHome home_;
-    HostLayout layout_ = [this] {
-        HostLayout layout;
-        layout.locations.libraryDirectory = home_.url("state");
-        return layout;
-    }();
-    std::shared_ptr<const FileManager> files_;
-    AppLog log_{layout_.locations, systemFileManager(layout_), [] { return 0.0; }};
+    TemporaryHome home;
+    const HostLayout layout =
+        HostLayout::freedesktop(home.url(), {{"XDG_STATE_HOME", home.path("state")}});
+    const std::shared_ptr<const FileManager> files = systemFileManager(layout);
+    AppLog log{layout.locations, files, [] { return 0.0; }};
 };
 
 TEST_F(DiagnosticsTest, findsOnlyRecentReportsOfThisApplication) {
@@ -59,7 +51,7 @@ TEST_F(DiagnosticsTest, findsOnlyRecentReportsOfThisApplication) {
     writeReport("Other.crash", 1);
     EXPECT_THAT(diagnostics().recentCrashReports(7),
                 UnorderedElementsAre(
-                    home_.url("state/Logs/DiagnosticReports/Tolvane-2026-11-09-101112.crash")));
+                    home.url("state/Logs/DiagnosticReports/Tolvane-2026-11-09-101112.crash")));
 }
 
 TEST_F(DiagnosticsTest, recordsEveryRecentReportOrThatThereIsNone) {
@@ -75,11 +67,11 @@ TEST_F(DiagnosticsTest, recordsEveryRecentReportOrThatThereIsNone) {
 
 TEST_F(DiagnosticsTest, givesTheLastBytesOfTheLogAsText) {
     EXPECT_EQ(diagnostics().logTail(32'768), "No log yet.");
-    home_.write(logPath);
+    home.write(logPath);
     EXPECT_EQ(diagnostics().logTail(32'768), "");
 
     const std::string content = "begin\xC3\xA9" + std::string(99'000, 'x') + "end\n";
-    home_.write(logPath, content);
+    home.write(logPath, content);
     EXPECT_EQ(diagnostics().logTail(32'768), content.substr(content.size() - 32'768));
     EXPECT_EQ(diagnostics().logTail(1'000'000), content);
     EXPECT_EQ(diagnostics().logTail(0), content) << "0 asks for all";
@@ -89,7 +81,7 @@ TEST_F(DiagnosticsTest, givesTheLastBytesOfTheLogAsText) {
 }
 
 TEST_F(DiagnosticsTest, survivesAFolderInTheLogsPlace) {
-    home_.makeFolder(logPath);
+    home.makeFolder(logPath);
     EXPECT_EQ(diagnostics().logTail(100), "");
 }
 

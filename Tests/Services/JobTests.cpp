@@ -73,63 +73,63 @@ int untilCancelled(const Report<int>&, const std::function<bool()>& isCancelled)
 
 class JobTest : public ::testing::Test {
   protected:
-    MainThread main_;
-    Workers workers_{4, main_.waker()};
-    std::vector<int> progress_;
-    std::vector<int> outcomes_;
-    Numbers job_{workers_, 0, [this](int value) { progress_.push_back(value); },
-                 [this](int value) { outcomes_.push_back(value); }};
+    MainThread mainThread;
+    Workers workers{4, mainThread.waker()};
+    std::vector<int> progress;
+    std::vector<int> outcomes;
+    Numbers job{workers, 0, [this](int value) { progress.push_back(value); },
+                [this](int value) { outcomes.push_back(value); }};
 
     void drainUntilIdle() {
-        main_.drainUntil(workers_, [this] { return !job_.isRunning(); });
+        mainThread.drainUntil(workers, [this] { return !job.isRunning(); });
     }
 };
 
 TEST_F(JobTest, bringsProgressAndOutcomeToTheThreadThatDrains) {
-    job_.start([](const Report<int>& report, const std::function<bool()>&) {
+    job.start([](const Report<int>& report, const std::function<bool()>&) {
         report(1);
         report(2);
         return 3;
     });
-    EXPECT_TRUE(job_.isRunning());
-    EXPECT_TRUE(outcomes_.empty()) << "nothing arrives but from drain()";
+    EXPECT_TRUE(job.isRunning());
+    EXPECT_TRUE(outcomes.empty()) << "nothing arrives but from drain()";
     drainUntilIdle();
-    EXPECT_THAT(progress_, ElementsAre(1, 2));
-    EXPECT_THAT(outcomes_, ElementsAre(3));
+    EXPECT_THAT(progress, ElementsAre(1, 2));
+    EXPECT_THAT(outcomes, ElementsAre(3));
 }
 
 TEST_F(JobTest, deliversThePartialOutcomeOfACancelledRunOnce) {
-    job_.start(untilCancelled);
-    job_.cancel();
-    job_.cancel();
+    job.start(untilCancelled);
+    job.cancel();
+    job.cancel();
     drainUntilIdle();
-    workers_.drain();
-    EXPECT_THAT(outcomes_, ElementsAre(1));
+    workers.drain();
+    EXPECT_THAT(outcomes, ElementsAre(1));
 }
 
 TEST_F(JobTest, dropsWhatASupersededRunBrings) {
     const auto hasReported = std::make_shared<Gate>();
-    job_.start([hasReported](const Report<int>& report, const std::function<bool()>& isCancelled) {
+    job.start([hasReported](const Report<int>& report, const std::function<bool()>& isCancelled) {
         report(100);
         hasReported->open();
         return untilCancelled(report, isCancelled);
     });
     hasReported->wait();
-    job_.start([](const Report<int>&, const std::function<bool()>&) { return 2; });
+    job.start([](const Report<int>&, const std::function<bool()>&) { return 2; });
     drainUntilIdle();
-    EXPECT_THAT(outcomes_, ElementsAre(2));
-    EXPECT_TRUE(progress_.empty()) << "though it was posted before the run was superseded";
+    EXPECT_THAT(outcomes, ElementsAre(2));
+    EXPECT_TRUE(progress.empty()) << "though it was posted before the run was superseded";
 }
 
 TEST_F(JobTest, deliversNothingAfterDiscardOrDestruction) {
     const auto ended = std::make_shared<Gate>();
-    job_.start([ended](const Report<int>& report, const std::function<bool()>& isCancelled) {
+    job.start([ended](const Report<int>& report, const std::function<bool()>& isCancelled) {
         const int outcome = untilCancelled(report, isCancelled);
         ended->open();
         return outcome;
     });
-    job_.discard();
-    EXPECT_FALSE(job_.isRunning());
+    job.discard();
+    EXPECT_FALSE(job.isRunning());
     ended->wait();
 
     Workers single(1, [] {});
@@ -143,56 +143,56 @@ TEST_F(JobTest, deliversNothingAfterDiscardOrDestruction) {
     }
     single.drain();
     EXPECT_FALSE(wasCalled) << "though the outcome was waiting";
-    workers_.drain();
-    EXPECT_TRUE(outcomes_.empty());
+    workers.drain();
+    EXPECT_TRUE(outcomes.empty());
 }
 
 TEST_F(JobTest, limitsTheRateOfProgressButNotTheOutcome) {
     Numbers slow(
-        workers_, 1e9, [this](int value) { progress_.push_back(value); },
-        [this](int value) { outcomes_.push_back(value); });
+        workers, 1e9, [this](int value) { progress.push_back(value); },
+        [this](int value) { outcomes.push_back(value); });
     slow.start([](const Report<int>& report, const std::function<bool()>&) {
         for (int i = 0; i < 1000; ++i) {
             report(i);
         }
         return 5;
     });
-    main_.drainUntil(workers_, [&] { return !slow.isRunning(); });
-    EXPECT_THAT(progress_, ElementsAre(0));
-    EXPECT_THAT(outcomes_, ElementsAre(5));
+    mainThread.drainUntil(workers, [&] { return !slow.isRunning(); });
+    EXPECT_THAT(progress, ElementsAre(0));
+    EXPECT_THAT(outcomes, ElementsAre(5));
 }
 
 TEST_F(JobTest, endsARunThatThrowsWithoutAnOutcome) {
     std::string reason;
     Numbers failing(
-        workers_, 0, {}, [this](int value) { outcomes_.push_back(value); },
+        workers, 0, {}, [this](int value) { outcomes.push_back(value); },
         [&](const std::string& text) { reason = text; });
     failing.start([](const Report<int>&, const std::function<bool()>&) -> int {
         throw std::runtime_error("no memory");
     });
-    main_.drainUntil(workers_, [&] { return !failing.isRunning(); });
+    mainThread.drainUntil(workers, [&] { return !failing.isRunning(); });
     EXPECT_EQ(reason, "no memory");
-    EXPECT_TRUE(outcomes_.empty());
+    EXPECT_TRUE(outcomes.empty());
 
-    workers_.run([] { throw 1; });
-    job_.start([](const Report<int>&, const std::function<bool()>&) { return 6; });
+    workers.run([] { throw 1; });
+    job.start([](const Report<int>&, const std::function<bool()>&) { return 6; });
     drainUntilIdle();
-    EXPECT_THAT(outcomes_, ElementsAre(6)) << "the thread lives on";
+    EXPECT_THAT(outcomes, ElementsAre(6)) << "the thread lives on";
 }
 
 TEST_F(JobTest, mayBeDestroyedOrRestartedByItsOwnHandler) {
-    std::optional<Numbers> job;
-    job.emplace(workers_, 0, Report<int>(), [&](int value) {
-        outcomes_.push_back(value);
+    std::optional<Numbers> owned;
+    owned.emplace(workers, 0, Report<int>(), [&](int value) {
+        outcomes.push_back(value);
         if (value == 1) {
-            job->start([](const Report<int>&, const std::function<bool()>&) { return 2; });
+            owned->start([](const Report<int>&, const std::function<bool()>&) { return 2; });
         } else {
-            job.reset();
+            owned.reset();
         }
     });
-    job->start([](const Report<int>&, const std::function<bool()>&) { return 1; });
-    main_.drainUntil(workers_, [&] { return !job.has_value(); });
-    EXPECT_THAT(outcomes_, ElementsAre(1, 2));
+    owned->start([](const Report<int>&, const std::function<bool()>&) { return 1; });
+    mainThread.drainUntil(workers, [&] { return !owned.has_value(); });
+    EXPECT_THAT(outcomes, ElementsAre(1, 2));
 }
 
 // An owner like a controller: its handlers touch it, so a late call would be a use after free.
@@ -224,7 +224,7 @@ TEST_F(JobTest, survivesAThousandRoundsOfStartCancelAndDestroy) {
     int arrivals = 0;
     int expected = 0;
     for (int round = 0; round < 1000; ++round) {
-        auto owner = std::make_unique<Owner>(workers_, arrivals);
+        auto owner = std::make_unique<Owner>(workers, arrivals);
         owner->start();
         if (round % 2 == 0) {
             owner->start();
@@ -234,14 +234,14 @@ TEST_F(JobTest, survivesAThousandRoundsOfStartCancelAndDestroy) {
         }
         if (round % 5 == 0) {
             ++expected;
-            main_.drainUntil(workers_, [&] { return !owner->job.isRunning(); });
+            mainThread.drainUntil(workers, [&] { return !owner->job.isRunning(); });
             EXPECT_GE(owner->latest, 0);
         } else if (round % 7 == 0) {
-            workers_.drain();
+            workers.drain();
             expected += owner->job.isRunning() ? 0 : 1;
         }
     }
-    workers_.drain();
+    workers.drain();
     EXPECT_EQ(arrivals, expected);
 }
 

@@ -12,7 +12,7 @@ using testing::StartsWith;
 class CommandLine : public ProgramTest {};
 
 TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
-    home_.write("f");
+    home.write("f");
     const std::vector<Arguments> wrong{
         {},
         {"dance"},
@@ -45,7 +45,7 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
             EXPECT_THAT(result.complaint, Not(IsEmpty())) << testing::PrintToString(all);
         }
     }
-    EXPECT_TRUE(home_.has("f"));
+    EXPECT_TRUE(home.has("f"));
 }
 
 TEST_F(CommandLine, answersHelpAndVersionAtEveryLevel) {
@@ -62,7 +62,7 @@ TEST_F(CommandLine, answersHelpAndVersionAtEveryLevel) {
 }
 
 TEST_F(CommandLine, failsWhenTheOutputCannotBeWritten) {
-    home_.write("f", "content");
+    home.write("f", "content");
     const Arguments scan{"--json", "scan", "."};
     EXPECT_EQ(runIn("exec \"$@\" >/dev/full", scan).status, 1);
     EXPECT_THAT(runIn("exec \"$@\" >/dev/full", scan).complaint, HasSubstr("No space left"));
@@ -75,7 +75,7 @@ TEST_F(CommandLine, failsWhenTheOutputCannotBeWritten) {
 
     const CommandResult closed = runIn("exec \"$@\" >&-", {"trash", "--within", ".", "f"});
     EXPECT_EQ(closed.status, 1);
-    EXPECT_TRUE(home_.has("f")) << "whose receipt nobody could have read";
+    EXPECT_TRUE(home.has("f")) << "whose receipt nobody could have read";
 }
 
 TEST_F(CommandLine, tellsTheAccess) {
@@ -89,36 +89,36 @@ TEST_F(CommandLine, tellsTheAccess) {
 
 TEST_F(CommandLine, showsTheEndOfTheLogWithoutWritingToIt) {
     EXPECT_EQ(run({"log"}).output, "No log yet.\n");
-    EXPECT_FALSE(home_.has(".local"));
+    EXPECT_FALSE(home.has(".local"));
     const std::string log = "one\ntwo \x1b[31m\n";
-    home_.write(".local/state/Logs/Tolvane/scan.log", log);
+    home.write(".local/state/Logs/Tolvane/scan.log", log);
     EXPECT_EQ(run({"--json", "log"}).json(), (nlohmann::json{{"text", log}}));
     EXPECT_EQ(run({"log"}).output, "one\ntwo ?[31m\n") << "no orders to the terminal";
     EXPECT_EQ(run({"--json", "log", "--bytes", "5"}).json().at("text"), "[31m\n");
-    EXPECT_EQ(home_.read(".local/state/Logs/Tolvane/scan.log"), log);
+    EXPECT_EQ(home.read(".local/state/Logs/Tolvane/scan.log"), log);
 }
 
 TEST_F(CommandLine, measuresSingleItems) {
-    home_.write("folder/file", std::string(5000, 'x'));
-    home_.makeLink("folder/link", "12345");
-    home_.write("name \xFF", "123");
+    home.write("folder/file", std::string(5000, 'x'));
+    home.makeLink("folder/link", "12345");
+    home.write("name \xFF", "123");
     const nlohmann::json sizes = run({"--json", "size", "folder/../folder", "name \xFF"}).json();
     ASSERT_EQ(sizes.size(), 2U);
-    EXPECT_TRUE(tellsPath(sizes[0], "path", home_.path("folder")));
+    EXPECT_TRUE(tellsPath(sizes[0], "path", home.path("folder")));
     EXPECT_GE(sizes[0].at("logicalSize"), 5005);
     EXPECT_GE(sizes[0].at("allocatedSize"), 5000);
-    EXPECT_TRUE(tellsPath(sizes[1], "path", home_.path("name \xFF")));
+    EXPECT_TRUE(tellsPath(sizes[1], "path", home.path("name \xFF")));
     EXPECT_EQ(sizes[1].at("logicalSize"), 3);
-    EXPECT_THAT(run({"size", "folder"}).output, HasSubstr("KB  " + home_.path("folder")));
+    EXPECT_THAT(run({"size", "folder"}).output, HasSubstr("KB  " + home.path("folder")));
 
     const CommandResult missing = run({"--json", "size", "folder", "nowhere"});
     EXPECT_EQ(missing.status, 1);
     EXPECT_THAT(missing.output, IsEmpty());
-    EXPECT_THAT(missing.complaint, HasSubstr(home_.path("nowhere") + ": No such file"));
+    EXPECT_THAT(missing.complaint, HasSubstr(home.path("nowhere") + ": No such file"));
 }
 
 TEST_F(CommandLine, showsProgressAndStylesOnATerminalOnly) {
-    home_.makeFolder("a folder");
+    home.makeFolder("a folder");
     const Arguments scan{"scan", "."};
     EXPECT_THAT(shownOnTerminal(2, "", scan),
                 AllOf(StartsWith("\r"), HasSubstr(" folders"), HasSubstr("/s  0:00")));

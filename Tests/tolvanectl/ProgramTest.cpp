@@ -26,17 +26,17 @@ CommandResult ProgramTest::run(const Arguments& arguments, std::string_view inpu
 CommandResult ProgramTest::runIn(const std::string& script, const Arguments& arguments,
                                  std::string_view input) const {
     const std::map<std::string, std::string> environment{
-        {"HOME", home_.path("")},
-        {"XDG_DATA_HOME", home_.path(".local/share")},
-        {"XDG_STATE_HOME", home_.path(".local/state")},
-        {"XDG_CONFIG_HOME", home_.path(".config")},
-        {"XDG_CACHE_HOME", home_.path(".cache")},
-        {"COMPLAINTS", aside_.path("complaints")}};
+        {"HOME", home.path("")},
+        {"XDG_DATA_HOME", home.path(".local/share")},
+        {"XDG_STATE_HOME", home.path(".local/state")},
+        {"XDG_CONFIG_HOME", home.path(".config")},
+        {"XDG_CACHE_HOME", home.path(".cache")},
+        {"COMPLAINTS", aside.path("complaints")}};
     std::vector<std::string> words{"sh", "-c", "cd && exec 2>\"$COMPLAINTS\"; " + script, "sh",
                                    TOLVANECTL};
     words.insert(words.end(), arguments.begin(), arguments.end());
     const ProgramRun result = runProgram(words, environment, input);
-    return {result.status, result.output, aside_.read("complaints")};
+    return {result.status, result.output, aside.read("complaints")};
 }
 
 std::string ProgramTest::shownOnTerminal(int stream, const std::string& environment,

@@ -36,8 +36,8 @@ class ProgramTest : public ::testing::Test {
                                 const Arguments& arguments) const;
 
     /// Beside the home, so that it is in no result.
-    TemporaryHome aside_;
-    TemporaryHome home_;
+    TemporaryHome aside;
+    TemporaryHome home;
 };
 
 /// RFC 4648, by another implementation than the program's.

@@ -15,7 +15,6 @@ namespace {
 
 using nlohmann::json;
 using testing::AllOf;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -61,7 +60,7 @@ Sums compareWithDisk(const json& node, const std::string& path) {
             }
             return told.get<std::string>();
         }();
-        const Sums below = compareWithDisk(child, path + "/" + name);
+        const Sums below = compareWithDisk(child, FileURL(path).appending(name).path());
         sums = {sums.allocated + below.allocated, sums.logical + below.logical,
                 sums.files + below.files, sums.folders + below.folders};
     }
@@ -89,29 +88,29 @@ class Scan : public ProgramTest {
 
 TEST_F(Scan, tellsEveryFieldOfEveryNode) {
     for (const std::string& name : oddNames()) {
-        home_.write("tree/" + name, name);
-        home_.write("tree/folder/in " + name.substr(0, 200) + "/file", std::string(5000, 'x'));
+        home.write("tree/" + name, name);
+        home.write("tree/folder/in " + name.substr(0, 200) + "/file", std::string(5000, 'x'));
     }
-    home_.makeLink("tree/folder/link", "nowhere");
-    ASSERT_EQ(::mkfifo(home_.path("tree/pipe").c_str(), 0600), 0);
+    home.makeLink("tree/folder/link", "nowhere");
+    ASSERT_EQ(::mkfifo(home.path("tree/pipe").c_str(), 0600), 0);
     // Of these the names can be found again from what is told.
     for (const std::string& name : oddNames()) {
-        std::rename(home_.path("tree/folder/in " + name.substr(0, 200)).c_str(),
-                    home_.path("tree/folder/" + name).c_str());
+        std::rename(home.path("tree/folder/in " + name.substr(0, 200)).c_str(),
+                    home.path("tree/folder/" + name).c_str());
     }
 
     const json document = scan({"--detailed"});
     EXPECT_EQ(document.at("outcome"), "completed");
     EXPECT_EQ(document.at("failures"), json::array());
     EXPECT_TRUE(document.at("seconds").is_number());
-    const Sums sums = compareWithDisk(document.at("root"), home_.path("tree"));
+    const Sums sums = compareWithDisk(document.at("root"), home.path("tree"));
     EXPECT_EQ(sums.files, static_cast<std::int64_t>(2 * oddNames().size() + 2));
 }
 
 TEST_F(Scan, printsLessWithoutCountingLess) {
-    home_.write("tree/a/b/c", std::string(20'000, 'x'));
-    home_.write("tree/a/d", std::string(10'000, 'x'));
-    home_.write("tree/e", "x");
+    home.write("tree/a/b/c", std::string(20'000, 'x'));
+    home.write("tree/a/d", std::string(10'000, 'x'));
+    home.write("tree/e", "x");
     const json whole = scan().at("root");
     const json shallow = scan({"--depth", "1"}).at("root");
     EXPECT_EQ(shallow.at("totalAllocatedSize"), whole.at("totalAllocatedSize"));
@@ -123,19 +122,19 @@ TEST_F(Scan, printsLessWithoutCountingLess) {
 
     const json top = scan({"--top", "2", "--depth", "0"}).at("top");
     ASSERT_EQ(top.size(), 2U);
-    EXPECT_EQ(top[0].at("path"), home_.path("tree/a/b/c"));
-    EXPECT_EQ(top[1].at("path"), home_.path("tree/a/d"));
+    EXPECT_EQ(top[0].at("path"), home.path("tree/a/b/c"));
+    EXPECT_EQ(top[1].at("path"), home.path("tree/a/d"));
     EXPECT_FALSE(top[0].contains("children"));
     EXPECT_EQ(scan({"--top", "9"}).at("top").size(), 3U);
 }
 
 TEST_F(Scan, letsEveryOptionBeOverridden) {
-    home_.write("tree/.hidden");
-    home_.write("tree/.nofollow");
-    home_.write("tree/a/b/deep");
-    home_.write("tree/large", std::string(100'000, 'x'));
-    ASSERT_EQ(::link(home_.path("tree/large").c_str(), home_.path("tree/larger").c_str()), 0);
-    home_.makeLink("tree/link", "a");
+    home.write("tree/.hidden");
+    home.write("tree/.nofollow");
+    home.write("tree/a/b/deep");
+    home.write("tree/large", std::string(100'000, 'x'));
+    ASSERT_EQ(::link(home.path("tree/large").c_str(), home.path("tree/larger").c_str()), 0);
+    home.makeLink("tree/link", "a");
     // Files, listed files, folders, listed folders, bytes of "large" counted.
     using Counts = std::vector<std::int64_t>;
     const std::int64_t size = scan().at("root").at("totalAllocatedSize").get<std::int64_t>() / 2;
@@ -170,48 +169,48 @@ TEST_F(Scan, letsEveryOptionBeOverridden) {
 }
 
 TEST_F(Scan, tellsPeopleWhatFillsAFolder) {
-    home_.write("tree/small/file", std::string(4000, 'x'));
-    home_.write("tree/Large/file", std::string(300'000, 'x'));
-    home_.write("tree/one", "1");
-    home_.write("tree/two", std::string(50'000, '2'));
-    home_.makeLink("tree/lost", "nowhere");
+    home.write("tree/small/file", std::string(4000, 'x'));
+    home.write("tree/Large/file", std::string(300'000, 'x'));
+    home.write("tree/one", "1");
+    home.write("tree/two", std::string(50'000, '2'));
+    home.makeLink("tree/lost", "nowhere");
     const CommandResult result =
         run({"scan", "tree", "--top", "1", "--set", "maxRetainedFilesPerDirectory=1", "--set",
              "followsSymlinks=true", "--set", "excludedPathPrefixes=tree/small"});
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.output,
-                AllOf(HasSubstr(home_.path("tree") + "\n"), HasSubstr(" in 3 files and 3 folders"),
-                      HasSubstr("1 smaller items, "), HasSubstr("Largest files\n"),
-                      HasSubstr(home_.path("tree/Large/file")),
-                      HasSubstr("Not counted: " + home_.path("tree/small") + ", items named"),
+                AllOf(HasSubstr(home.path("tree") + "\n"), HasSubstr(" in 3 files and 3 folders"),
+                      HasSubstr("1 smaller item, "), HasSubstr("Largest files\n"),
+                      HasSubstr(home.path("tree/Large/file")),
+                      HasSubstr("Not counted: " + home.path("tree/small") + ", items named"),
                       Not(HasSubstr("small/\n"))));
     EXPECT_LT(result.output.find("Large/"), result.output.find("two\n"));
-    EXPECT_EQ(result.complaint, "1 item could not be read:\n  " + home_.path("tree/lost") +
+    EXPECT_EQ(result.complaint, "1 item could not be read:\n  " + home.path("tree/lost") +
                                     ": No such file or directory\n");
 }
 
 TEST_F(Scan, failsOnWhatCannotBeListed) {
-    home_.write("file");
+    home.write("file");
     for (const std::string path : {"file", "nowhere", "nowhere/below"}) {
         for (const Arguments& arguments : {Arguments{"scan", path}, {"--json", "scan", path}}) {
             const CommandResult result = run(arguments);
             EXPECT_EQ(result.status, 1) << path;
             EXPECT_THAT(result.output, IsEmpty()) << path;
-            EXPECT_THAT(result.complaint, HasSubstr("Could not list " + home_.path(path) + ": "));
+            EXPECT_THAT(result.complaint, HasSubstr("Could not list " + home.path(path) + ": "));
         }
     }
 }
 
 TEST_F(Scan, takesTheNameOfACommandForAPath) {
-    home_.makeFolder("log");
-    EXPECT_EQ(run({"--json", "scan", "log"}).json().at("root").at("path"), home_.path("log"));
+    home.makeFolder("log");
+    EXPECT_EQ(run({"--json", "scan", "log"}).json().at("root").at("path"), home.path("log"));
 }
 
 TEST_F(Scan, printsThePartialResultOfACancelledScan) {
     // Two links back into the folder make a walk that nobody sees the end of.
-    home_.write("tree/file", "content");
-    home_.makeLink("tree/again", ".");
-    home_.makeLink("tree/and again", ".");
+    home.write("tree/file", "content");
+    home.makeLink("tree/again", ".");
+    home.makeLink("tree/and again", ".");
     for (const std::string signal : {"INT", "TERM"}) {
         // Blocked it stays pending until the program waits for it.
         sigset_t blocked;
@@ -227,20 +226,20 @@ TEST_F(Scan, printsThePartialResultOfACancelledScan) {
         ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
         EXPECT_EQ(asJson.status, 130);
         EXPECT_EQ(asJson.json().at("outcome"), "cancelled");
-        EXPECT_EQ(asJson.json().at("root").at("path"), home_.path("tree"));
+        EXPECT_EQ(asJson.json().at("root").at("path"), home.path("tree"));
         EXPECT_EQ(asText.status, 130);
         EXPECT_THAT(asText.output, HasSubstr("cancelled: a partial result"));
     }
 }
 
 TEST_F(Scan, drawsThePictureOfTheChildren) {
-    home_.write("tree/<img src=x> & \x1b", std::string(30'000, 'x'));
-    home_.write("tree/b", std::string(10'000, 'x'));
-    home_.write("tree/empty");
+    home.write("tree/<img src=x> & \x1b", std::string(30'000, 'x'));
+    home.write("tree/b", std::string(10'000, 'x'));
+    home.write("tree/empty");
     const CommandResult result =
         run({"scan", "tree", "--svg", "p.svg", "--size", "400x300", "--depth", "0"});
     EXPECT_EQ(result.status, 0) << result.complaint;
-    const std::string picture = home_.read("p.svg");
+    const std::string picture = home.read("p.svg");
     EXPECT_THAT(picture,
                 AllOf(HasSubstr("width=\"400\" height=\"300\""),
                       HasSubstr("<title>&lt;img src=x&gt; &amp; ?, "), HasSubstr("<title>b, "),
@@ -248,7 +247,7 @@ TEST_F(Scan, drawsThePictureOfTheChildren) {
 
     const CommandResult failed = run({"scan", "tree", "--svg", "nowhere/p.svg"});
     EXPECT_EQ(failed.status, 1);
-    EXPECT_THAT(failed.complaint, HasSubstr("Could not write " + home_.path("nowhere/p.svg")));
+    EXPECT_THAT(failed.complaint, HasSubstr("Could not write " + home.path("nowhere/p.svg")));
     EXPECT_THAT(failed.output, HasSubstr("3 files")) << "the scan is not lost";
 }
 

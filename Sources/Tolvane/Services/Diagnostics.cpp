@@ -52,9 +52,9 @@ FileURL crashReportDirectory(const HostLayout::Locations& locations) {
     return locations.libraryDirectory.appending("Logs").appending("DiagnosticReports");
 }
 
-Diagnostics::Diagnostics(const HostLayout::Locations& locations, AppLog& log,
+Diagnostics::Diagnostics(HostLayout::Locations locations, AppLog& log,
                          std::shared_ptr<const FileManager> files, Clock clock)
-    : locations_(locations)
+    : locations_(std::move(locations))
     , log_(log)
     , files_(std::move(files))
     , clock_(std::move(clock)) {}

@@ -24,7 +24,7 @@ class Diagnostics {
     static constexpr std::string_view crashReportPrefix = "Tolvane";
 
     /// `log` must outlive this.
-    Diagnostics(const HostLayout::Locations& locations, AppLog& log,
+    Diagnostics(HostLayout::Locations locations, AppLog& log,
                 std::shared_ptr<const FileManager> files, Clock clock = now);
 
     const FileURL& libraryDirectory() const { return locations_.libraryDirectory; }
