@@ -2,9 +2,6 @@
 
 #include <HostKit/Text.h>
 
-#include <algorithm>
-#include <array>
-
 namespace tolvane {
 namespace {
 
@@ -26,13 +23,15 @@ bool isSecondControl(std::string_view text, std::size_t position) {
 }
 
 /// The marks that turn the direction of text (Unicode's Bidi_Control): a name that holds one could
-/// pass for another, and would turn the columns behind it.
-constexpr std::array<std::string_view, 12> directionMarks{"\u061C", "\u200E", "\u200F", "\u202A",
-                                                          "\u202B", "\u202C", "\u202D", "\u202E",
-                                                          "\u2066", "\u2067", "\u2068", "\u2069"};
-
+/// pass for another, and would turn the columns behind it. U+061C, U+200E to U+200F, U+202A to
+/// U+202E, U+2066 to U+2069.
 bool isDirectionMark(std::string_view character) {
-    return std::ranges::find(directionMarks, character) != directionMarks.end();
+    const auto last = static_cast<unsigned char>(character.back());
+    if (character.starts_with("\xE2\x80")) {
+        return (last >= 0x8E && last <= 0x8F) || (last >= 0xAA && last <= 0xAE);
+    }
+    return character == "\xD8\x9C" ||
+           (character.starts_with("\xE2\x81") && last >= 0xA6 && last <= 0xA9);
 }
 
 std::size_t nextCharacter(std::string_view text, std::size_t position) {

@@ -90,10 +90,12 @@ TEST_F(CommandLine, tellsTheAccess) {
 TEST_F(CommandLine, showsTheEndOfTheLogWithoutWritingToIt) {
     EXPECT_EQ(run({"log"}).output, "No log yet.\n");
     EXPECT_FALSE(home.has(".local"));
-    const std::string log = "one\ntwo \x1b[31m\n";
+    const std::string log = "one\n\u061C\u200E\u200F\u202E\u2066\u2069 \u2065\u20AC\n"
+                            "two \x1b[31m\n";
     home.write(".local/state/Logs/Tolvane/scan.log", log);
     EXPECT_EQ(run({"--json", "log"}).json(), (nlohmann::json{{"text", log}}));
-    EXPECT_EQ(run({"log"}).output, "one\ntwo ?[31m\n") << "no orders to the terminal";
+    EXPECT_EQ(run({"log"}).output, "one\n?????? \u2065\u20AC\ntwo ?[31m\n")
+        << "no orders to the terminal";
     EXPECT_EQ(run({"--json", "log", "--bytes", "5"}).json().at("text"), "[31m\n");
     EXPECT_EQ(home.read(".local/state/Logs/Tolvane/scan.log"), log);
 }
