@@ -23,6 +23,10 @@ std::vector<std::string> plainArguments(int count, char** values) {
     return arguments;
 }
 
+std::string pathError(const std::string& text) {
+    return text.empty() ? "An empty path names nothing" : "";
+}
+
 std::string countError(const std::string& text) {
     std::int64_t value = 0;
     const char* end = text.data() + text.size();

@@ -1,3 +1,4 @@
+#include "Arguments.h"
 #include "Command.h"
 #include "Json.h"
 
@@ -57,7 +58,8 @@ Result<std::string, SystemError> readFile(const std::string& path, const Console
 class RestoreCommand : public Command {
   public:
     void declare(CLI::App& app) override {
-        app.add_option("FILE", file_, "What trash --json printed; standard input when absent");
+        app.add_option("FILE", file_, "What trash --json printed; standard input when absent")
+            ->check(pathError);
     }
 
     Exit run(Console& console, const Host& host) override {

@@ -29,7 +29,7 @@ std::string sizeError(const std::string& text) {
 class ScanCommand : public Command {
   public:
     void declare(CLI::App& app) override {
-        app.add_option("PATH", path_, "The folder to measure")->required();
+        app.add_option("PATH", path_, "The folder to measure")->check(pathError)->required();
         app.add_flag("--detailed", isDetailed_, "Keep many more files of each folder");
         app.add_option("--set", settings_, "Override a scan option (repeatable)")
             ->type_name("FIELD=VALUE")
@@ -43,7 +43,8 @@ class ScanCommand : public Command {
             ->check(countError);
         CLI::Option* svg =
             app.add_option("--svg", pictureFile_, "Draw the folder's children into a file")
-                ->type_name("FILE");
+                ->type_name("FILE")
+                ->check(pathError);
         app.add_option("--size", pictureSize_, "Size of the drawing in pixels")
             ->type_name("WxH")
             ->check(sizeError)

@@ -1,3 +1,4 @@
+#include "Arguments.h"
 #include "Command.h"
 #include "Json.h"
 #include "ShownText.h"
@@ -29,7 +30,7 @@ JSON toJson(const ItemSize& size) {
 class SizeCommand : public Command {
   public:
     void declare(CLI::App& app) override {
-        app.add_option("PATH", paths_, "The items to measure")->required();
+        app.add_option("PATH", paths_, "The items to measure")->check(pathError)->required();
     }
 
     Exit run(Console& console, const Host& host) override {

@@ -1,3 +1,4 @@
+#include "Arguments.h"
 #include "Command.h"
 #include "Json.h"
 #include "ShownText.h"
@@ -18,9 +19,10 @@ class TrashCommand : public Command {
         app.add_option("--within", roots_, "A folder the items must lie in (repeatable)")
             ->type_name("ROOT")
             ->allow_extra_args(false)
+            ->check(pathError)
             ->required();
         app.add_flag("--dry-run", isDryRun_, "Only tell what would be moved");
-        app.add_option("ITEM", items_, "What to move to the Trash")->required();
+        app.add_option("ITEM", items_, "What to move to the Trash")->check(pathError)->required();
     }
 
     Exit run(Console& console, const Host& host) override {

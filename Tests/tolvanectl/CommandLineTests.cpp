@@ -28,12 +28,18 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
         {"scan", ".", "--set", "nothing=1"},
         {"scan", ".", "--size", "10x10"},
         {"scan", ".", "--svg", "p.svg", "--size", "0x10"},
+        {"scan", ""},
+        {"scan", ".", "--svg", ""},
         {"size"},
+        {"size", "f", ""},
         {"trash", "f"},
         {"trash", "--within", "."},
+        {"trash", "--within", "..", ""},
+        {"trash", "--within", "", "f"},
         {"access", "now"},
         {"log", "--bytes", "-1"},
         {"restore", "a", "b"},
+        {"restore", ""},
     };
     for (const Arguments& arguments : wrong) {
         for (const Arguments& start : {Arguments{}, Arguments{"--json"}}) {
