@@ -22,6 +22,17 @@ FileURL HostLayout::underHome(const FileURL& url) const {
     return FileURL(std::string(homeFolders) + url.path().substr(homeAlias->size()));
 }
 
+FileURL HostLayout::withoutAlias(const FileURL& url) const {
+    if (!homeAlias || !liesWithin(url.path(), homeFolders)) {
+        return url;
+    }
+    return FileURL(*homeAlias + url.path().substr(homeFolders.size()));
+}
+
+FileURL HostLayout::asSeenFrom(const FileURL& root, const FileURL& url) const {
+    return liesWithin(root.path(), homeFolders) ? underHome(url) : withoutAlias(url);
+}
+
 HostLayout HostLayout::darwin(const FileURL& home) {
     const FileURL library = home.appending("Library");
     const FileURL downloads = home.appending("Downloads");

@@ -75,6 +75,10 @@ struct HostLayout {
     /// `url` under "/home" when it was named by `homeAlias`; protection knows the homes by that
     /// name.
     FileURL underHome(const FileURL& url) const;
+    /// The other way: where a place under "/home" really lies, which is what the system tells of.
+    FileURL withoutAlias(const FileURL& url) const;
+    /// `url` by the name under which a walk that starts at `root` meets it.
+    FileURL asSeenFrom(const FileURL& root, const FileURL& url) const;
 
     /// macOS. Compiles everywhere, so that its rules are tested everywhere.
     static HostLayout darwin(const FileURL& home);

@@ -26,8 +26,9 @@ std::vector<std::string> excludedPrefixes(const FileURL& root, const HostLayout&
         addPrefix(list, prefix, root);
     }
     if (layout.exclusions.usesMountTable) {
-        for (std::string& mountPoint : mounts.excludedMounts(root)) {
-            addPrefix(list, std::move(mountPoint), root);
+        for (std::string& mountPoint : mounts.excludedMounts(layout.withoutAlias(root))) {
+            const FileURL seen = layout.asSeenFrom(root, FileURL(std::move(mountPoint)));
+            addPrefix(list, seen.path(), root);
         }
     }
     return list;

@@ -84,7 +84,7 @@ class ScanCommand : public Command {
             if (!url) {
                 return tl::unexpected(url.error());
             }
-            prefix = url->path();
+            prefix = host.layout.asSeenFrom(root, *url).path();
         }
         return options;
     }

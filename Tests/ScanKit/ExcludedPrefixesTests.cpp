@@ -34,6 +34,18 @@ TEST_F(ExcludedPrefixes, addsMountsWhereTheSystemHasAMountTable) {
     EXPECT_EQ(with(freedesktop, "/home/ada"), fixed);
 }
 
+TEST_F(ExcludedPrefixes, nameMountsAsTheScanMeetsThem) {
+    HostLayout atomic = freedesktop;
+    atomic.homeAlias = "/var/home";
+    const MountTable table =
+        MountTable::parse("28 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
+                          "29 28 8:2 / /var/home rw - ext4 /dev/sda2 rw\n"
+                          "30 29 0:48 / /var/home/ada/nas rw - nfs4 nas:/ rw\n");
+    EXPECT_EQ(excludedPrefixes(FileURL("/home/ada"), atomic, table).back(), "/home/ada/nas");
+    EXPECT_EQ(excludedPrefixes(FileURL("/"), atomic, table).back(), "/var/home/ada/nas")
+        << "\"/home\" is only a link there";
+}
+
 TEST_F(ExcludedPrefixes, hideNothingThatContainsTheRoot) {
     const auto others = with(darwin, "/Volumes/Disk");
     EXPECT_EQ(others.size(), fixed.size() - 1);
