@@ -129,6 +129,13 @@ TEST_F(FileManagerTest, makesFoldersOnTheWay) {
     EXPECT_EQ(files->targetType(home.url("a/b/c")), FileType::directory);
     home.write("file");
     EXPECT_EQ(files->createDirectories(home.url("file/x")).error().code, ENOTDIR);
+
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(home.path("a"));
+    EXPECT_TRUE(files->createDirectories(FileURL("relative/x")).has_value());
+    EXPECT_EQ(files->values(FileURL("")).error().code, ENOENT) << "not the working directory";
+    std::filesystem::current_path(before);
+    EXPECT_TRUE(home.has("a/relative/x"));
 }
 
 TEST_F(FileManagerTest, servesPathsBeyondTheSystemsLimit) {

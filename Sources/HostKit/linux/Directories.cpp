@@ -36,10 +36,11 @@ std::optional<std::string> pathBelow(const std::string& path, const std::string&
 }
 
 Result<DeepestDirectory, SystemError> deepestDirectory(std::string_view path) {
+    const std::string_view top = path.starts_with('/') ? "/" : ".";
     std::size_t length = path.size();
     while (true) {
         Result<Descriptor, SystemError> opened =
-            openPath(length == 0 ? "/" : path.substr(0, length), O_PATH | O_DIRECTORY);
+            openPath(length == 0 ? top : path.substr(0, length), O_PATH | O_DIRECTORY);
         if (opened) {
             return DeepestDirectory{std::move(*opened), std::string(path.substr(length))};
         }

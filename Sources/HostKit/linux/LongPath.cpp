@@ -59,8 +59,8 @@ Result<Descriptor, SystemError> openPath(std::string_view path, int flags, mode_
 }
 
 Result<ItemPlace, SystemError> openParent(std::string_view path) {
-    if (holdsNul(path)) {
-        return tl::unexpected(SystemError{EINVAL});
+    if (path.empty() || holdsNul(path)) {
+        return tl::unexpected(SystemError{path.empty() ? ENOENT : EINVAL});
     }
     while (path.size() > 1 && path.back() == '/') {
         path.remove_suffix(1);
