@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace tolvane {
@@ -57,11 +58,21 @@ void AppLog::write(std::string message) {
     {
         const std::lock_guard lock(mutex_);
         waiting_.push_back(std::move(message));
-        if (!thread_.joinable()) {
-            thread_ = std::thread([this] { writeLines(); });
-        }
+        startThread();
     }
     changed_.notify_all();
+}
+
+/// A system that has no thread left costs the line.
+void AppLog::startThread() {
+    if (thread_.joinable()) {
+        return;
+    }
+    try {
+        thread_ = std::thread([this] { writeLines(); });
+    } catch (const std::system_error&) {
+        waiting_.clear();
+    }
 }
 
 void AppLog::flush() {

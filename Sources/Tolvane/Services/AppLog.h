@@ -41,6 +41,7 @@ class AppLog {
     void flush();
 
   private:
+    void startThread();
     void writeLines();
     void append(const std::string& message) const;
 
