@@ -42,7 +42,6 @@ void makeSocket(const std::string& path) {
     ::close(listener);
 }
 
-// Fault 12.
 TEST(ScanFaults, pipesSocketsAndDevicesBlockNothing) {
     const TemporaryHome home;
     home.write("file", "x");
@@ -63,7 +62,6 @@ TEST(ScanFaults, pipesSocketsAndDevicesBlockNothing) {
     EXPECT_EQ(FileSizeCalculator::allocatedSize(*realFiles(), home.url("pipe")), 0);
 }
 
-// Fault 13.
 TEST(ScanFaults, fourThousandLevelsCostNeitherStackNorDescriptors) {
     const TemporaryHome home;
     const std::string name(100, 'n');
@@ -92,7 +90,6 @@ TEST(ScanFaults, fourThousandLevelsCostNeitherStackNorDescriptors) {
     removeDeepTree(home.url(name));
 }
 
-// Fault 14.
 TEST(ScanFaults, everyFolderThatCannotBeListedIsOneFailure) {
     const TemporaryHome home;
     home.write("a/f", "x");
@@ -229,7 +226,6 @@ class ManyNames {
     bool made_ = true;
 };
 
-// Fault 15.
 TEST(ScanFaults, aMillionEntriesInOneFolderAreCountedAndLeftAtOnce) {
     using Clock = std::chrono::steady_clock;
     constexpr int count = 1'000'000;
