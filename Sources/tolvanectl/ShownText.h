@@ -7,9 +7,9 @@
 
 namespace tolvane {
 
-/// Text for a terminal: `displayText` with "?" in place of control characters and of marks that turn
-/// the direction of text, so that no file name gives orders to the terminal, breaks a line or passes
-/// for another.
+/// Text for a terminal: `displayText` with "?" in place of control characters and of marks that
+/// turn the direction of text, so that no file name gives orders to the terminal, breaks a line or
+/// passes for another.
 std::string shownText(std::string_view bytes);
 
 /// "1,204".
