@@ -208,6 +208,23 @@ TEST(FileTreeScanner, takesLinksForLeavesUnlessAskedToFollow) {
     EXPECT_EQ(child(scan(tree, options).outcome.root, "l").kind(), FileNode::Kind::symlink);
 }
 
+TEST(FileTreeScanner, tellsWhatIsPurgeableAndWhenItChanged) {
+    Item cached = Item::file("cached", 10);
+    cached.values.isPurgeable = true;
+    Item folder = Item::folder("folder", {cached, Item::file("own", 5)});
+    folder.values.isPurgeable = true;
+    folder.values.contentModificationDate = 12.5;
+    Item top = Item::folder("r", {folder});
+    top.values.contentModificationDate = 7;
+    const FileNode root = scan(top, fullScanOptions({})).outcome.root;
+    EXPECT_FALSE(root.isPurgeable());
+    EXPECT_EQ(root.modified(), 7);
+    EXPECT_EQ(root.totalPurgeableSize(), 10);
+    EXPECT_TRUE(child(root, "folder").isPurgeable());
+    EXPECT_EQ(child(root, "folder").modified(), 12.5);
+    EXPECT_FALSE(child(child(root, "folder"), "own").isPurgeable());
+}
+
 TEST(FileTreeScanner, fallsBackWhereAttributesAreAbsent) {
     Item odd = Item::file("odd", 0);
     odd.values = {};
