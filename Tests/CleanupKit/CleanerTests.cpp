@@ -8,7 +8,6 @@
 namespace tolvane {
 namespace {
 
-using Case = RemovalError::Case;
 using Paths = std::vector<std::string>;
 
 class CleanerTest : public testing::Test {
@@ -33,7 +32,6 @@ class CleanerTest : public testing::Test {
 
     std::string refusal(const std::vector<FileURL>& items, const std::vector<FileURL>& within) {
         const auto valid = cleaner.validate(items, within, false);
-        EXPECT_FALSE(valid.has_value());
         return valid ? "" : valid.error().description();
     }
 
@@ -42,19 +40,18 @@ class CleanerTest : public testing::Test {
 };
 
 TEST_F(CleanerTest, keepsAFolderInsteadOfWhatLiesInIt) {
-    for (const char* path : {"Photos/a", "Photos/deep/b", "Photos 2", "Phot", "z/\u00e9", "z/bb"}) {
+    for (const char* path : {"Photos/a", "Photos/deep/b", "Photos 2", "Phot", "z/\u00e9", "z/bb",
+                             "n/\xff\xfe", "n/\u20ac"}) {
         home.write(path);
     }
     EXPECT_EQ(validated({"Photos/deep/b", "Photos 2", "Photos/a", "Photos", "Phot", "Photos"}),
               (Paths{"Phot", "Photos", "Photos 2"}));
     EXPECT_EQ(validated({"z/bb", "z/\u00e9"}), (Paths{"z/\u00e9", "z/bb"}))
         << "a character counts once, however many bytes it has";
-    EXPECT_EQ(validated({"z/../Phot", "./Phot//"}), Paths{"Phot"});
-    EXPECT_TRUE(validated({}).empty());
-    home.write("n/\xff\xfe");
-    home.write("n/\u20ac");
     EXPECT_EQ(validated({"n/\xff\xfe", "n/\u20ac"}), (Paths{"n/\u20ac", "n/\xff\xfe"}))
         << "a byte of no character counts as one";
+    EXPECT_EQ(validated({"z/../Phot", "./Phot//"}), Paths{"Phot"});
+    EXPECT_TRUE(validated({}).empty());
 }
 
 TEST_F(CleanerTest, refusesTheWholeBatchForItsFirstBadItem) {
@@ -63,29 +60,24 @@ TEST_F(CleanerTest, refusesTheWholeBatchForItsFirstBadItem) {
     home.makeLink("in/dangling", "nowhere");
     const FileURL root = home.url("in");
     const FileURL good = root.appending("good");
-    const std::string& path = root.path();
-    EXPECT_EQ(refusal({good, root, home.url("out")}, {root}),
-              "Refusing to remove the scanned root: " + path);
-    EXPECT_EQ(refusal({home.url("in/gone/..")}, {root}),
-              "Refusing to remove the scanned root: " + path);
-    EXPECT_EQ(refusal({good, home.url("out"), root}, {root}),
-              "Outside the scanned folder: " + home.path("out"));
-    EXPECT_EQ(refusal({home.url("in2")}, {root}), "Outside the scanned folder: " + path + "2");
-    EXPECT_EQ(refusal({good}, {}), "Outside the scanned folder: " + good.path());
-    EXPECT_EQ(refusal({root.appending("gone")}, {root}),
-              "Item no longer exists: " + path + "/gone");
-    EXPECT_EQ(refusal({root.appending("dangling")}, {root}),
-              "Item no longer exists: " + path + "/dangling");
+    const FileURL out = home.url("out");
+    const std::string outside = "Outside the scanned folder: ";
+    const std::string isRoot = "Refusing to remove the scanned root: " + root.path();
+    EXPECT_EQ(refusal({good, root, out}, {root}), isRoot);
+    EXPECT_EQ(refusal({home.url("in/gone/..")}, {root}), isRoot);
+    EXPECT_EQ(refusal({good, out, root}, {root}), outside + out.path());
+    EXPECT_EQ(refusal({home.url("in2")}, {root}), outside + home.path("in2"));
+    EXPECT_EQ(refusal({good}, {}), outside + good.path());
+    EXPECT_EQ(refusal({FileURL("../..")}, {FileURL("..")}), "Protected path: ../..");
+    for (const FileURL& none : {root.appending("gone"), root.appending("dangling")}) {
+        EXPECT_EQ(refusal({none}, {root}), "Item no longer exists: " + none.path());
+    }
     EXPECT_FALSE(cleaner.moveToTrash({good, root.appending("gone")}, root));
     EXPECT_TRUE(home.has("in/good"));
-}
-
-TEST_F(CleanerTest, removesNothingFromAScanOfTheWholeVolume) {
-    const FileURL file = home.write("file");
-    const std::string refused = "Outside the scanned folder: " + file.path();
-    EXPECT_EQ(refusal({file}, {FileURL("/")}), refused);
-    EXPECT_EQ(refusal({file}, {FileURL("")}), refused);
-    EXPECT_TRUE(cleaner.validate({file}, {FileURL("/"), home.url()}, false));
+    // From a scan of the whole volume nothing may be removed.
+    EXPECT_EQ(refusal({good}, {FileURL("/")}), outside + good.path());
+    EXPECT_EQ(refusal({good}, {FileURL("")}), outside + good.path());
+    EXPECT_EQ(refusal({good}, {FileURL("/"), root}), "");
 }
 
 TEST_F(CleanerTest, protectsUnlessTold) {
@@ -96,21 +88,14 @@ TEST_F(CleanerTest, protectsUnlessTold) {
     const auto refused = careful.moveToTrash({bundle, home.url()}, {root}, false);
     ASSERT_FALSE(refused);
     EXPECT_EQ(refused.error(), RemovalError::protectedPath(bundle.path()));
-    EXPECT_EQ(refused.error().description(), "Protected path: " + bundle.path());
     EXPECT_TRUE(careful.moveToTrash({bundle}, {root}, true));
     EXPECT_FALSE(home.has("Applications/Some.app"));
-}
-
-TEST_F(CleanerTest, refusesARelativePathThatStillLeadsUpwards) {
-    const auto result = cleaner.validate({FileURL("../..")}, FileURL(".."));
-    ASSERT_FALSE(result);
-    EXPECT_EQ(result.error(), RemovalError::protectedPath("../.."));
 }
 
 TEST_F(CleanerTest, bringsBackWhatItMoved) {
     home.write("p/app/build/x", "content");
     home.write("p/other", "o");
-    home.makeLink("p/link", "other");
+    home.makeLink("p/link", "../p/other");
     const TreeState before = treeState(home.path("p"));
     const auto receipts = cleaner.moveToTrash(
         urls({"p/app/build", "p/app", "p/link", "p/other", "p/app"}), home.url("p"));
@@ -125,33 +110,27 @@ TEST_F(CleanerTest, bringsBackWhatItMoved) {
     EXPECT_EQ(treeState(home.path("p")), before);
 }
 
-TEST_F(CleanerTest, attemptsEveryReceiptAndOverwritesNothing) {
-    for (const char* path : {"a", "b", "c", "d"}) {
+TEST_F(CleanerTest, attemptsEveryReceipt) {
+    for (const char* path : {"a", "b", "c"}) {
         home.write(path, path);
     }
-    const auto receipts = cleaner.moveToTrash(urls({"a", "b", "c", "d"}), home.url());
+    const auto receipts = cleaner.moveToTrash(urls({"a", "b", "c"}), home.url());
     ASSERT_TRUE(receipts);
     std::filesystem::remove(receipts->at(0).trashed.path());
-    home.write("b", "new");
-    home.makeLink("c", "nowhere");
-    const std::vector<RemovalError> errors = cleaner.restore(*receipts);
-    ASSERT_EQ(errors.size(), 3U);
-    EXPECT_EQ(errors[0].description(), "Item no longer exists: " + receipts->at(0).trashed.path());
-    EXPECT_EQ(errors[1].description(),
-              "Could not restore " + home.path("b") + ": An item already exists there");
-    EXPECT_EQ(errors[2],
-              RemovalError::restoreFailed(home.path("c"), "An item already exists there"));
-    EXPECT_EQ(home.read("b"), "new");
-    EXPECT_EQ(home.read("d"), "d");
-    EXPECT_EQ(treeState(home.layout.locations.homeTrash.path()).at("/files/b"), "file b");
+    home.makeLink("b", "nowhere");
+    EXPECT_EQ(
+        cleaner.restore(*receipts),
+        (std::vector{RemovalError::missing(receipts->at(0).trashed.path()),
+                     RemovalError::restoreFailed(home.path("b"), "An item already exists there")}));
+    EXPECT_EQ(home.read("c"), "c");
 }
 
-/// Moves what it is told to and nothing else, and notes the root it was given.
+/// Moves nothing, and notes the root it was given.
 class ReportingTrash final : public Trash {
   public:
     Result<std::optional<FileURL>, std::string> move(const FileURL& item,
                                                      const FileURL& within) const override {
-        roots.push_back(within.path());
+        root = within.path();
         if (item.lastPathComponent() == "broken") {
             return tl::unexpected(std::string("the reason"));
         }
@@ -159,24 +138,24 @@ class ReportingTrash final : public Trash {
     }
     Result<void, std::string> putBack(const FileURL&, const FileURL&) const override { return {}; }
 
-    mutable Paths roots;
+    mutable std::string root;
 };
 
 TEST_F(CleanerTest, tellsWhyTheTrashDidNotTakeAnItem) {
     home.write("r/s/broken");
     home.write("none");
     const auto reporting = std::make_shared<ReportingTrash>();
-    const Cleaner cleanerOfNone = home.cleanerWith(reporting);
-    const auto absent = cleanerOfNone.moveToTrash(urls({"none"}), home.url());
-    ASSERT_FALSE(absent);
-    EXPECT_EQ(absent.error().description(),
+    const auto refusedFrom = [&](const std::string& item, const Paths& within) {
+        const auto moved =
+            home.cleanerWith(reporting).moveToTrash(urls({item}), urls(within), false);
+        return moved ? "" : moved.error().description();
+    };
+    EXPECT_EQ(refusedFrom("none", {""}),
               "Could not move " + home.path("none") +
                   " to Trash: The volume has no Trash; the item was not moved");
-    const auto failed =
-        cleanerOfNone.moveToTrash(urls({"r/s/broken"}), urls({"elsewhere", "r/./s"}), false);
-    ASSERT_FALSE(failed);
-    EXPECT_EQ(failed.error(), RemovalError::trashFailed(home.path("r/s/broken"), "the reason"));
-    EXPECT_EQ(reporting->roots, (Paths{home.url().path(), home.path("r/s")}));
+    EXPECT_EQ(refusedFrom("r/s/broken", {"elsewhere", "r/./s"}),
+              "Could not move " + home.path("r/s/broken") + " to Trash: the reason");
+    EXPECT_EQ(reporting->root, home.path("r/s"));
 }
 
 }
