@@ -4,7 +4,6 @@
 #include <Support/TemporaryHome.h>
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <cerrno>
 #include <filesystem>
@@ -15,26 +14,7 @@ namespace {
 using namespace FileSizeCalculator;
 using Item = SyntheticItem;
 
-TEST(FileSizeCalculator, measuresSingleItems) {
-    const TemporaryHome home;
-    const auto files = systemFileManager(HostLayout{});
-    const FileURL file = home.write("file", std::string(5000, 'x'));
-    const FileURL link = home.makeLink("link", "file");
-    const FileURL dangling = home.makeLink("dangling", "nowhere");
-    ASSERT_EQ(::mkfifo(home.path("pipe").c_str(), 0600), 0);
-
-    EXPECT_EQ(allocatedSize(*files, file), 8192);
-    EXPECT_EQ(logicalSize(*files, file), 5000);
-    EXPECT_EQ(allocatedSize(*files, link), 0) << "a link is no regular file";
-    EXPECT_EQ(logicalSize(*files, link), 4);
-    EXPECT_EQ(allocatedSize(*files, dangling), 0);
-    EXPECT_EQ(logicalSize(*files, dangling), 0);
-    EXPECT_EQ(allocatedSize(*files, home.url("pipe")), 0);
-    EXPECT_EQ(allocatedSize(*files, home.url("missing")), 0);
-    EXPECT_EQ(logicalSize(*files, home.url("missing")), 0);
-}
-
-TEST(FileSizeCalculator, addsAFolderUp) {
+TEST(FileSizeCalculator, measuresItemsAndFolders) {
     const TemporaryHome home;
     const auto files = systemFileManager(HostLayout{});
     home.write("d/file", std::string(5000, 'x'));
@@ -45,12 +25,17 @@ TEST(FileSizeCalculator, addsAFolderUp) {
     home.makeLink("d/link", "../large");
     home.makeLink("d/folder link", "..");
     home.makeLink("to d", "d");
-
-    EXPECT_EQ(allocatedSize(*files, home.url("d")), 8192 + 4096) << "links count nothing";
-    EXPECT_EQ(logicalSize(*files, home.url("d")), 5000 + 1 + 1'000'000 + 8 + 2)
-        << "links count with the length of their text";
-    EXPECT_EQ(allocatedSize(*files, home.url("to d")), 0) << "not even the root is followed";
-    EXPECT_EQ(logicalSize(*files, home.url("to d")), 0);
+    home.makeLink("dangling", "nowhere");
+    const auto expectSizes = [&](std::string_view item, Bytes allocated, Bytes logical) {
+        EXPECT_EQ(allocatedSize(*files, home.url(item)), allocated) << item;
+        EXPECT_EQ(logicalSize(*files, home.url(item)), logical) << item;
+    };
+    expectSizes("d/file", 8192, 5000);
+    expectSizes("d/link", 0, 8); // no regular file, measured by the length of its text
+    expectSizes("d", 8192 + 4096, 5000 + 1 + 1'000'000 + 8 + 2);
+    expectSizes("to d", 0, 0); // not even the root is followed
+    expectSizes("dangling", 0, 0);
+    expectSizes("missing", 0, 0);
 }
 
 TEST(FileSizeCalculator, isStoppedBeforeTheItemAtWhichItAsks) {
@@ -65,15 +50,14 @@ TEST(FileSizeCalculator, isStoppedBeforeTheItemAtWhichItAsks) {
 }
 
 TEST(FileSizeCalculator, countsWhatItCannotReadAsNothing) {
-    Item gone = Item::file("gone", 5, 5);
-    gone.valuesError = SystemError{ENOENT};
-    Item refused = Item::folder("refused", {Item::file("f", 7, 7)});
-    refused.listingError = SystemError{EACCES};
-    Item untyped = Item::file("untyped", 0, 11);
-    untyped.values.isRegularFile.reset();
-    untyped.values.totalFileAllocatedSize.reset();
-    const SyntheticFiles files("/r",
-                               Item::folder("r", {gone, refused, untyped, Item::file("f", 2, 3)}));
+    Item root = Item::folder("r", {Item::file("gone", 5, 5),
+                                   Item::folder("refused", {Item::file("f", 7, 7)}),
+                                   Item::file("untyped", 0, 11), Item::file("f", 2, 3)});
+    root.children[0].valuesError = SystemError{ENOENT};
+    root.children[1].listingError = SystemError{EACCES};
+    root.children[2].values.isRegularFile.reset();
+    root.children[2].values.totalFileAllocatedSize.reset();
+    const SyntheticFiles files("/r", root);
     EXPECT_EQ(allocatedSize(files, FileURL("/r")), 13);
     EXPECT_EQ(logicalSize(files, FileURL("/r")), 14);
     EXPECT_EQ(allocatedSize(files, FileURL("/r/refused")), 0);

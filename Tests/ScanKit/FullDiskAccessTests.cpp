@@ -28,39 +28,34 @@ FullDiskAccessStatus statusWith(const std::array<int, 3>& codes) {
                                   SyntheticFiles("/files", SyntheticItem::folder("files", items)));
 }
 
-TEST(FullDiskAccess, isProvenByOneReadableFile) {
-    const FullDiskAccessStatus first = statusWith({readable, EPERM, EIO});
-    EXPECT_TRUE(first.granted);
-    EXPECT_TRUE(first.confirmed);
-    EXPECT_EQ(first.detail, "TCC.db is readable, so Full Disk Access is granted.");
-    EXPECT_EQ(first.guidance(), first.detail);
-    EXPECT_EQ(statusWith({EACCES, ENOENT, readable}).detail,
-              "Safari history is readable, so Full Disk Access is granted.");
+/// Whether it is granted, whether that is certain, and what is told.
+std::string told(const std::array<int, 3>& codes) {
+    const FullDiskAccessStatus status = statusWith(codes);
+    return std::string(status.granted ? "granted" : "not granted") +
+           (status.confirmed ? ", certainly: " : ", perhaps: ") + status.detail;
 }
 
-TEST(FullDiskAccess, isDisprovenByOneRefusal) {
-    const FullDiskAccessStatus status = statusWith({EPERM, ENOENT, ENOENT});
-    EXPECT_FALSE(status.granted);
-    EXPECT_TRUE(status.confirmed);
-    EXPECT_EQ(status.detail, "Full Disk Access is not granted (TCC.db: Operation not permitted).");
-    EXPECT_EQ(status.guidance(),
-              "Full Disk Access is not granted (TCC.db: Operation not permitted). Grant it in "
-              "System Settings > Privacy & Security > Full Disk Access, then Recheck or Relaunch.");
-    EXPECT_EQ(statusWith({EIO, EACCES, EPERM}).detail,
-              "Full Disk Access is not granted (Mail: Operation not permitted, Safari history: "
-              "Operation not permitted).");
-}
-
-TEST(FullDiskAccess, staysOpenWhenNoProbeAnswers) {
-    const FullDiskAccessStatus status = statusWith({ENOENT, ENOENT, ENOENT});
-    EXPECT_FALSE(status.granted);
-    EXPECT_FALSE(status.confirmed);
-    EXPECT_EQ(status.detail, "Could not confirm Full Disk Access (probes unavailable: TCC.db, "
-                             "Mail, Safari history).");
-    EXPECT_EQ(statusWith({EIO, ENOENT, ELOOP}).detail,
-              "Could not confirm Full Disk Access (probes unavailable: Mail, TCC.db: Input/output "
-              "error, Safari history: Too many levels of symbolic links).")
+TEST(FullDiskAccess, isProvenByOneReadableFileAndDisprovenByOneRefusal) {
+    EXPECT_EQ(told({readable, EPERM, EIO}),
+              "granted, certainly: TCC.db is readable, so Full Disk Access is granted.");
+    EXPECT_EQ(told({EACCES, ENOENT, readable}),
+              "granted, certainly: Safari history is readable, so Full Disk Access is granted.");
+    const std::string refused = "not granted, certainly: Full Disk Access is not granted (";
+    EXPECT_EQ(told({EPERM, ENOENT, ENOENT}), refused + "TCC.db: Operation not permitted).");
+    EXPECT_EQ(told({EIO, EACCES, EPERM}),
+              refused + "Mail: Operation not permitted, Safari history: Operation not permitted).");
+    const std::string unknown = "not granted, perhaps: Could not confirm Full Disk Access (probes "
+                                "unavailable: ";
+    EXPECT_EQ(told({ENOENT, ENOENT, ENOENT}), unknown + "TCC.db, Mail, Safari history).");
+    EXPECT_EQ(told({EIO, ENOENT, ELOOP}),
+              unknown + "Mail, TCC.db: Input/output error, Safari history: Too many levels of "
+                        "symbolic links).")
         << "what is missing comes first";
+    const FullDiskAccessStatus granted = statusWith({readable, EPERM, EIO});
+    EXPECT_EQ(granted.guidance(), granted.detail);
+    const FullDiskAccessStatus open = statusWith({ENOENT, ENOENT, ENOENT});
+    EXPECT_EQ(open.guidance(), open.detail + " Grant it in System Settings > Privacy & Security > "
+                                             "Full Disk Access, then Recheck or Relaunch.");
 }
 
 TEST(FullDiskAccess, opensTheFilesOfTheHomeItIsGiven) {
