@@ -29,15 +29,13 @@ class FileManagerTest : public ::testing::Test {
         return names;
     }
 
-    bool isPurgeable(const FileURL& url) { return files->values(url)->isPurgeable.value(); }
-
     /// The paths of all items below that the enumerator calls purgeable, relative to the home.
     std::vector<std::string> purgeableBelow(std::string_view relative) {
         std::vector<std::string> paths;
         DeepEnumerator below(*files, home.url(relative), {});
         while (below.next()) {
             const ResourceValues values = below.values().value();
-            EXPECT_EQ(values.isPurgeable, isPurgeable(below.url())) << below.url().path();
+            EXPECT_EQ(values.isPurgeable, files->values(below.url())->isPurgeable) << below.name();
             if (values.isPurgeable.value()) {
                 paths.push_back(below.url().path().substr(home.url().path().size() + 1));
             }
@@ -45,14 +43,9 @@ class FileManagerTest : public ::testing::Test {
         return paths;
     }
 
-    static HostLayout layoutOf(const TemporaryHome& home) {
-        HostLayout layout;
-        layout.locations.purgeableFolder = home.url("caches/mine");
-        return layout;
-    }
-
     TemporaryHome home;
-    std::shared_ptr<const FileManager> files = systemFileManager(layoutOf(home));
+    std::shared_ptr<const FileManager> files = systemFileManager(
+        HostLayout::freedesktop(home.url(), {{"XDG_CACHE_HOME", home.path("caches/mine")}}));
 };
 
 TEST_F(FileManagerTest, listsEveryNameAndReadsTheItemItself) {
@@ -153,19 +146,14 @@ TEST_F(FileManagerTest, servesPathsBeyondTheSystemsLimit) {
 }
 
 TEST_F(FileManagerTest, findsItsWayBackThoughFoldersMoveMeanwhile) {
-    makeDeepTree(home.url(), 40, "d", "x");
-    std::string tenth = home.path("");
-    for (int level = 0; level < 10; ++level) {
-        tenth += "/d";
-    }
+    const FileURL deepest = makeDeepTree(home.url(), 40, "d", "x");
+    const std::string tenth = home.path("d/d/d/d/d/d/d/d/d/d");
     DeepEnumerator below(*files, home.url(), {});
     std::size_t items = 0;
     std::size_t unreadable = 0;
     while (below.next()) {
         ++items;
-        const bool isDeepest =
-            below.url().path().size() == home.path("").size() + std::size_t{2} * 40;
-        if (isDeepest && !home.has("moved")) {
+        if (below.url() == deepest) {
             std::filesystem::rename(tenth, home.path("moved"));
         }
         unreadable += below.values().has_value() ? 0 : 1;
@@ -175,13 +163,11 @@ TEST_F(FileManagerTest, findsItsWayBackThoughFoldersMoveMeanwhile) {
     EXPECT_LE(unreadable, 31U) << "only what can no longer be reached by either way";
 }
 
-TEST(DeepEnumerator, walksInPreOrderAndLeavesOutWhatItIsTold) {
-    const TemporaryHome home;
+TEST_F(FileManagerTest, isWalkedInPreOrderLessWhatTheWalkIsTold) {
     home.write("r/a/b/f");
     home.write("r/a/.h/f");
     home.write("r/Some.APP/inner");
     home.makeLink("r/link", "a");
-    const auto files = systemFileManager(HostLayout{});
     std::vector<std::string> names;
     DeepEnumerator below(*files, home.url("r"), {.skipsHidden = true, .opaqueExtensions = {"app"}});
     while (below.next()) {

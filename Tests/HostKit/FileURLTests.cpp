@@ -14,14 +14,13 @@ TEST(FileURL, takesAPathApart) {
         const char* extension;
         const char* parent;
     };
-    constexpr std::array<Case, 12> cases{{{"/a/b.txt", "b.txt", "txt", "/a"},
-                                          {"/a", "a", "", "/"},
+    constexpr std::array<Case, 11> cases{{{"/a/b.txt", "b.txt", "txt", "/a"},
                                           {"/", "", "", "/"},
                                           {"", "", "", ""},
                                           {"///", "", "", "/"},
                                           {"/a/b/", "b", "", "/a"},
                                           {"/a//b", "b", "", "/a"},
-                                          {"/a/.hidden", ".hidden", "", "/a"},
+                                          {"/.hidden", ".hidden", "", "/"},
                                           {"/a/.hidden.tar.gz", ".hidden.tar.gz", "gz", "/a"},
                                           {"/a/b.", "b.", "", "/a"},
                                           {"name", "name", "", ""},
@@ -35,22 +34,15 @@ TEST(FileURL, takesAPathApart) {
 }
 
 TEST(FileURL, standardizesByTextAlone) {
-    constexpr std::array<std::array<const char*, 2>, 12> cases{{{"/a/b", "/a/b"},
-                                                                {"/a/./b/", "/a/b"},
-                                                                {"//a///b//", "/a/b"},
-                                                                {"/a/../b", "/b"},
-                                                                {"/../../a", "/a"},
-                                                                {"/a/..", "/"},
-                                                                {"/", "/"},
-                                                                {"", ""},
-                                                                {"a/../../b", "../b"},
-                                                                {"../..", "../.."},
-                                                                {"/a/...", "/a/..."},
-                                                                {"/a/..b/.c", "/a/..b/.c"}}};
+    constexpr std::array<std::array<const char*, 2>, 7> cases{{{"//a/.///b//", "/a/b"},
+                                                               {"/a/../b", "/b"},
+                                                               {"/../../a", "/a"},
+                                                               {"/a/..", "/"},
+                                                               {"", ""},
+                                                               {"a/../../b", "../b"},
+                                                               {"/a/..b/.c/...", "/a/..b/.c/..."}}};
     for (const auto& [path, expected] : cases) {
-        const FileURL standardized = FileURL(path).standardized();
-        EXPECT_EQ(standardized.path(), expected) << path;
-        EXPECT_EQ(standardized.standardized(), standardized) << path;
+        EXPECT_EQ(FileURL(path).standardized().path(), expected) << path;
     }
 }
 
