@@ -3,7 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <condition_variable>
+#include <atomic>
+#include <future>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -13,80 +14,58 @@ namespace tolvane {
 namespace {
 
 using testing::ElementsAre;
-
-/// Stands in for an event loop: remembers wake-ups and drains when it is told to.
-class MainThread {
-  public:
-    std::function<void()> waker() {
-        return [this] {
-            const std::lock_guard lock(mutex_);
-            isAwake_ = true;
-            changed_.notify_all();
-        };
-    }
-
-    void drainUntil(Workers& workers, const std::function<bool()>& isDone) {
-        while (!isDone()) {
-            {
-                std::unique_lock lock(mutex_);
-                changed_.wait(lock, [this] { return isAwake_; });
-                isAwake_ = false;
-            }
-            workers.drain();
-        }
-    }
-
-  private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    bool isAwake_ = false;
-};
+using Numbers = Job<int, int>;
+using IsCancelled = std::function<bool()>;
 
 /// Opens once; whoever waits for it goes on.
-class Gate {
-  public:
-    void open() {
-        const std::lock_guard lock(mutex_);
-        isOpen_ = true;
-        changed_.notify_all();
-    }
-    void wait() {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return isOpen_; });
-    }
+struct Gate {
+    void open() const { promise->set_value(); }
+    void wait() const { promise->get_future().wait(); }
 
-  private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    bool isOpen_ = false;
+    std::shared_ptr<std::promise<void>> promise = std::make_shared<std::promise<void>>();
 };
 
-using Numbers = Job<int, int>;
-
-/// What a job does when it is to run until somebody stops it: gives 1 then.
-int untilCancelled(const Report<int>&, const std::function<bool()>& isCancelled) {
+/// Gives 1 when somebody stops it, and never ends before.
+int untilCancelled(const Report<int>&, const IsCancelled& isCancelled) {
     while (!isCancelled()) {
         std::this_thread::yield();
     }
     return 1;
 }
 
+Numbers::Work giving(int outcome) {
+    return [outcome](const Report<int>&, const IsCancelled&) { return outcome; };
+}
+
+/// The test stands in for an event loop: it drains when it was woken.
 class JobTest : public ::testing::Test {
   protected:
-    MainThread mainThread;
-    Workers workers{4, mainThread.waker()};
+    template <class Condition>
+    void drainUntil(const Condition& isDone) {
+        while (!isDone()) {
+            isAwake.wait(false);
+            isAwake.clear();
+            workers.drain();
+        }
+    }
+    void drainUntilIdle() {
+        drainUntil([this] { return !job.isRunning(); });
+    }
+
+    std::atomic_flag isAwake;
+    Workers workers{4, [this] {
+                        isAwake.test_and_set();
+                        isAwake.notify_one();
+                    }};
     std::vector<int> progress;
     std::vector<int> outcomes;
-    Numbers job{workers, 0, [this](int value) { progress.push_back(value); },
-                [this](int value) { outcomes.push_back(value); }};
-
-    void drainUntilIdle() {
-        mainThread.drainUntil(workers, [this] { return !job.isRunning(); });
-    }
+    const Report<int> onProgress = [this](int value) { progress.push_back(value); };
+    const std::function<void(int)> onDone = [this](int value) { outcomes.push_back(value); };
+    Numbers job{workers, 0, onProgress, onDone};
 };
 
 TEST_F(JobTest, bringsProgressAndOutcomeToTheThreadThatDrains) {
-    job.start([](const Report<int>& report, const std::function<bool()>&) {
+    job.start([](const Report<int>& report, const IsCancelled&) {
         report(1);
         report(2);
         return 3;
@@ -108,90 +87,83 @@ TEST_F(JobTest, deliversThePartialOutcomeOfACancelledRunOnce) {
 }
 
 TEST_F(JobTest, dropsWhatASupersededRunBrings) {
-    const auto hasReported = std::make_shared<Gate>();
-    job.start([hasReported](const Report<int>& report, const std::function<bool()>& isCancelled) {
+    const Gate hasReported;
+    job.start([hasReported](const Report<int>& report, const IsCancelled& isCancelled) {
         report(100);
-        hasReported->open();
+        hasReported.open();
         return untilCancelled(report, isCancelled);
     });
-    hasReported->wait();
-    job.start([](const Report<int>&, const std::function<bool()>&) { return 2; });
+    hasReported.wait();
+    job.start(giving(2));
     drainUntilIdle();
     EXPECT_THAT(outcomes, ElementsAre(2));
     EXPECT_TRUE(progress.empty()) << "though it was posted before the run was superseded";
 }
 
 TEST_F(JobTest, deliversNothingAfterDiscardOrDestruction) {
-    const auto ended = std::make_shared<Gate>();
-    job.start([ended](const Report<int>& report, const std::function<bool()>& isCancelled) {
+    const Gate ended;
+    job.start([ended](const Report<int>& report, const IsCancelled& isCancelled) {
         const int outcome = untilCancelled(report, isCancelled);
-        ended->open();
+        ended.open();
         return outcome;
     });
     job.discard();
     EXPECT_FALSE(job.isRunning());
-    ended->wait();
+    ended.wait();
 
     Workers single(1, [] {});
-    bool wasCalled = false;
-    const auto posted = std::make_shared<Gate>();
+    const Gate posted;
     {
-        Numbers other(single, 0, {}, [&](int) { wasCalled = true; });
-        other.start([](const Report<int>&, const std::function<bool()>&) { return 1; });
-        single.run([posted] { posted->open(); });
-        posted->wait();
+        Numbers other(single, 0, {}, onDone);
+        other.start(giving(1));
+        single.run([posted] { posted.open(); });
+        posted.wait();
     }
     single.drain();
-    EXPECT_FALSE(wasCalled) << "though the outcome was waiting";
     workers.drain();
-    EXPECT_TRUE(outcomes.empty());
+    EXPECT_TRUE(outcomes.empty()) << "though the outcome was waiting";
 }
 
 TEST_F(JobTest, limitsTheRateOfProgressButNotTheOutcome) {
-    Numbers slow(
-        workers, 1e9, [this](int value) { progress.push_back(value); },
-        [this](int value) { outcomes.push_back(value); });
-    slow.start([](const Report<int>& report, const std::function<bool()>&) {
+    Numbers slow(workers, 1e9, onProgress, onDone);
+    slow.start([](const Report<int>& report, const IsCancelled&) {
         for (int i = 0; i < 1000; ++i) {
             report(i);
         }
         return 5;
     });
-    mainThread.drainUntil(workers, [&] { return !slow.isRunning(); });
+    drainUntil([&] { return !slow.isRunning(); });
     EXPECT_THAT(progress, ElementsAre(0));
     EXPECT_THAT(outcomes, ElementsAre(5));
 }
 
 TEST_F(JobTest, endsARunThatThrowsWithoutAnOutcome) {
     std::string reason;
-    Numbers failing(
-        workers, 0, {}, [this](int value) { outcomes.push_back(value); },
-        [&](const std::string& text) { reason = text; });
-    failing.start([](const Report<int>&, const std::function<bool()>&) -> int {
+    Numbers failing(workers, 0, {}, onDone, [&](const std::string& text) { reason = text; });
+    failing.start([](const Report<int>&, const IsCancelled&) -> int {
         throw std::runtime_error("no memory");
     });
-    mainThread.drainUntil(workers, [&] { return !failing.isRunning(); });
+    drainUntil([&] { return !failing.isRunning(); });
     EXPECT_EQ(reason, "no memory");
-    EXPECT_TRUE(outcomes.empty());
 
     workers.run([] { throw 1; });
-    job.start([](const Report<int>&, const std::function<bool()>&) { return 6; });
+    job.start(giving(6));
     drainUntilIdle();
     EXPECT_THAT(outcomes, ElementsAre(6)) << "the thread lives on";
 }
 
 TEST_F(JobTest, mayBeDestroyedOrRestartedByItsOwnHandler) {
-    std::optional<Numbers> owned;
-    owned.emplace(workers, 0, Report<int>(), [&](int value) {
+    std::optional<Numbers> own;
+    own.emplace(workers, 0, Report<int>(), [&](int value) {
         outcomes.push_back(value);
         if (value == 1) {
-            owned->start([](const Report<int>&, const std::function<bool()>&) { return 2; });
+            own->start(giving(2));
         } else {
-            owned.reset();
+            own.reset();
         }
     });
-    owned->start([](const Report<int>&, const std::function<bool()>&) { return 1; });
-    mainThread.drainUntil(workers, [&] { return !owned.has_value(); });
+    own->start(giving(1));
+    drainUntil([&] { return !own.has_value(); });
     EXPECT_THAT(outcomes, ElementsAre(1, 2));
 }
 
@@ -206,9 +178,9 @@ struct Owner {
               }) {}
 
     void start() {
-        job.start([size = 64](const Report<int>& report, const std::function<bool()>& isCancelled) {
+        job.start([](const Report<int>& report, const IsCancelled& isCancelled) {
             std::vector<int> values{0};
-            for (int i = 1; i < size && !isCancelled(); ++i) {
+            for (int i = 1; i < 64 && !isCancelled(); ++i) {
                 values.push_back(i);
                 report(i);
             }
@@ -224,7 +196,7 @@ TEST_F(JobTest, survivesAThousandRoundsOfStartCancelAndDestroy) {
     int arrivals = 0;
     int expected = 0;
     for (int round = 0; round < 1000; ++round) {
-        auto owner = std::make_unique<Owner>(workers, arrivals);
+        const auto owner = std::make_unique<Owner>(workers, arrivals);
         owner->start();
         if (round % 2 == 0) {
             owner->start();
@@ -233,13 +205,12 @@ TEST_F(JobTest, survivesAThousandRoundsOfStartCancelAndDestroy) {
             owner->job.cancel();
         }
         if (round % 5 == 0) {
-            ++expected;
-            mainThread.drainUntil(workers, [&] { return !owner->job.isRunning(); });
+            drainUntil([&] { return !owner->job.isRunning(); });
             EXPECT_GE(owner->latest, 0);
         } else if (round % 7 == 0) {
             workers.drain();
-            expected += owner->job.isRunning() ? 0 : 1;
         }
+        expected += owner->job.isRunning() ? 0 : 1;
     }
     workers.drain();
     EXPECT_EQ(arrivals, expected);
