@@ -1,57 +1,42 @@
 #include <Support/DeepTree.h>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
 #include <string>
 
 namespace tolvane {
-namespace {
 
-int require(int result, const char* what) {
-    if (result < 0) {
-        throw std::runtime_error(what);
-    }
-    return result;
-}
-
-void writeFile(int folder, std::string_view content) {
-    const int file = require(::openat(folder, "f", O_WRONLY | O_CREAT | O_CLOEXEC, 0644), "openat");
-    require(static_cast<int>(::write(file, content.data(), content.size())), "write");
-    ::close(file);
-}
-
-}
+namespace fs = std::filesystem;
 
 FileURL makeDeepTree(const FileURL& top, std::size_t levels, std::string_view name,
                      std::string_view content) {
-    const std::string folderName(name);
-    std::string path = top.path();
-    int folder = require(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC), "open");
+    // From the bottom up, so that no path grows too long on the way.
+    const fs::path chain = fs::path(top.path()) / name;
+    const fs::path next = fs::path(top.path()) / ".next";
+    std::string deepest = top.path();
     for (std::size_t level = 0; level < levels; ++level) {
-        require(::mkdirat(folder, folderName.c_str(), 0755), "mkdirat");
-        const int next = require(
-            ::openat(folder, folderName.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC), "openat");
-        ::close(folder);
-        folder = next;
-        writeFile(folder, content);
-        appendComponent(path, folderName);
+        fs::create_directory(next);
+        std::ofstream(next / "f") << content;
+        if (level > 0) {
+            fs::rename(chain, next / name);
+        }
+        fs::rename(next, chain);
+        appendComponent(deepest, name);
     }
-    ::close(folder);
-    return FileURL(std::move(path));
+    return FileURL(std::move(deepest));
 }
 
 void removeDeepTree(const FileURL& top) {
     const std::string command = "rm -rf -- '" + top.path() + "'";
-    require(std::system(command.c_str()) == 0 ? 0 : -1, "rm");
+    if (std::system(command.c_str()) != 0) {
+        throw std::runtime_error(command);
+    }
 }
 
 std::size_t openDescriptors() {
-    const std::filesystem::directory_iterator listing("/proc/self/fd");
+    const fs::directory_iterator listing("/proc/self/fd");
     // One of them is the listing's own.
     return static_cast<std::size_t>(std::distance(begin(listing), end(listing))) - 1;
 }

@@ -47,9 +47,6 @@ std::vector<std::string> commandOn(std::vector<std::string> command,
 
 }
 
-Gio::Gio(std::string home)
-    : home_(std::move(home)) {}
-
 std::optional<Gio> Gio::find(const std::string& home) {
     const Gio gio(home);
     const bool isThere =
@@ -68,14 +65,13 @@ void Gio::trash(const std::vector<std::string>& paths) const {
     EXPECT_EQ(run(commandOn({"trash", "--"}, paths)).status, 0);
 }
 
-std::vector<Gio::Entry> Gio::entries() const {
+std::map<std::string, std::string> Gio::entries() const {
     const std::string output = run({"trash", "--list"}).output;
-    std::vector<Entry> list;
+    std::map<std::string, std::string> list;
     for (std::size_t start = 0; start < output.size();) {
         const std::size_t tab = output.find('\t', start);
         const std::size_t end = output.find('\n', tab);
-        list.push_back(
-            {output.substr(start, tab - start), unescaped(output.substr(tab + 1, end - tab - 1))});
+        list[output.substr(start, tab - start)] = unescaped(output.substr(tab + 1, end - tab - 1));
         start = end + 1;
     }
     return list;
@@ -83,8 +79,8 @@ std::vector<Gio::Entry> Gio::entries() const {
 
 std::vector<std::string> Gio::originalPaths() const {
     std::vector<std::string> paths;
-    for (const Entry& entry : entries()) {
-        paths.push_back(entry.originalPath);
+    for (const auto& [address, path] : entries()) {
+        paths.push_back(path);
     }
     std::sort(paths.begin(), paths.end());
     return paths;
@@ -92,14 +88,11 @@ std::vector<std::string> Gio::originalPaths() const {
 
 void Gio::restoreAll() const {
     std::vector<std::string> addresses;
-    for (const Entry& entry : entries()) {
-        addresses.push_back(entry.address);
+    for (const auto& [address, path] : entries()) {
+        addresses.push_back(address);
     }
     run(commandOn({"trash", "--restore"}, addresses));
 }
-
-TrashCli::TrashCli(std::string home)
-    : home_(std::move(home)) {}
 
 std::optional<TrashCli> TrashCli::find(const std::string& home) {
     const bool isThere =

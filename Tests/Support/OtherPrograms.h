@@ -5,6 +5,7 @@
 #include <Support/RunProgram.h>
 #include <Support/TreeState.h>
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,12 +25,10 @@ class Gio {
     void restoreAll() const;
 
   private:
-    explicit Gio(std::string home);
-    struct Entry {
-        std::string address;
-        std::string originalPath;
-    };
-    std::vector<Entry> entries() const;
+    explicit Gio(std::string home)
+        : home_(std::move(home)) {}
+    /// Where everything came from, by its address in the Trash.
+    std::map<std::string, std::string> entries() const;
     ProgramRun run(std::vector<std::string> arguments) const;
 
     std::string home_;
@@ -46,7 +45,8 @@ class TrashCli {
     void restoreAll(std::size_t count) const;
 
   private:
-    explicit TrashCli(std::string home);
+    explicit TrashCli(std::string home)
+        : home_(std::move(home)) {}
     std::string run(std::vector<std::string> arguments, const std::string& input = {}) const;
 
     std::string home_;

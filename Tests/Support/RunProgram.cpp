@@ -32,38 +32,36 @@ using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
     ::_exit(127);
 }
 
-int exitStatus(int status) {
-    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
-std::string contents(std::FILE* file) {
-    std::string text;
-    std::rewind(file);
-    char buffer[4096];
-    for (std::size_t count = 0; (count = std::fread(buffer, 1, sizeof buffer, file)) > 0;) {
-        text.append(buffer, count);
+ProgramRun runChild(const std::function<void(std::FILE* output)>& work) {
+    const File out(std::tmpfile(), &std::fclose);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        work(out.get());
+        std::fflush(out.get());
+        ::_exit(0);
     }
-    return text;
-}
-
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ProgramRun run{WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status), {}};
+    std::rewind(out.get());
+    char buffer[4096];
+    for (std::size_t count = 0; (count = std::fread(buffer, 1, sizeof buffer, out.get())) > 0;) {
+        run.output.append(buffer, count);
+    }
+    return run;
 }
 
 ProgramRun runProgram(const std::vector<std::string>& arguments,
                       const std::map<std::string, std::string>& environment,
                       std::string_view input) {
     const File in(std::tmpfile(), &std::fclose);
-    const File out(std::tmpfile(), &std::fclose);
-    if (!input.empty()) {
-        std::fwrite(input.data(), 1, input.size(), in.get());
-    }
+    std::fwrite(input.data(), 1, input.size(), in.get());
     std::rewind(in.get());
-    const pid_t child = ::fork();
-    if (child == 0) {
-        become(arguments, environment, ::fileno(in.get()), ::fileno(out.get()));
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return {exitStatus(status), contents(out.get())};
+    return runChild([&](std::FILE* output) {
+        become(arguments, environment, ::fileno(in.get()), ::fileno(output));
+    });
 }
 
 bool hasProgram(const std::string& name) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdio>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -14,6 +16,9 @@ struct ProgramRun {
     /// What it wrote to standard output.
     std::string output;
 };
+
+/// Runs `work` in a process of its own, keeps what it writes to `output` and waits for its end.
+ProgramRun runChild(const std::function<void(std::FILE* output)>& work);
 
 /// Runs a program found by PATH and waits for its end. `environment` is added to this process's
 /// own, `input` is what it reads; its standard error is not kept.

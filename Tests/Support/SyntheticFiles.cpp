@@ -18,6 +18,13 @@ ResourceValues valuesOf(FileType type, std::optional<Bytes> allocatedSize,
     return values;
 }
 
+Result<ResourceValues, SystemError> valuesOf(const SyntheticItem* item) {
+    if (item == nullptr || item->valuesError) {
+        return tl::unexpected(item == nullptr ? SystemError{ENOENT} : *item->valuesError);
+    }
+    return item->values;
+}
+
 /// Asked of the stop test once every so many entries, as a listing read in pieces would be.
 constexpr std::size_t entriesPerBuffer = 2048;
 
@@ -52,11 +59,7 @@ class SyntheticDirectory final : public Directory {
     std::string_view name(std::size_t position) const override { return entries_[position]->name; }
     EntryType listedType(std::size_t) const override { return EntryType::unknown; }
     Result<ResourceValues, SystemError> values(std::size_t position) override {
-        const SyntheticItem& item = *entries_[position];
-        if (item.valuesError) {
-            return tl::unexpected(*item.valuesError);
-        }
-        return item.values;
+        return valuesOf(entries_[position]);
     }
     Result<std::unique_ptr<Directory>, SystemError> open(std::size_t position,
                                                          const Listing& listing) override {
@@ -81,10 +84,6 @@ SyntheticItem SyntheticItem::link(std::string name, std::string target, Bytes si
     return {std::move(name), valuesOf(FileType::symbolicLink, 0, size), {}, std::move(target)};
 }
 
-SyntheticFiles::SyntheticFiles(std::string rootPath, SyntheticItem root)
-    : rootPath_(std::move(rootPath))
-    , root_(std::move(root)) {}
-
 const SyntheticItem* SyntheticFiles::find(const FileURL& url) const {
     std::string_view rest = url.path();
     if (!rest.starts_with(rootPath_)) {
@@ -108,11 +107,7 @@ SyntheticFiles::openDirectory(const FileURL& url, const Listing& listing) const 
 }
 
 Result<ResourceValues, SystemError> SyntheticFiles::values(const FileURL& url) const {
-    const SyntheticItem* item = find(url);
-    if (item == nullptr || item->valuesError) {
-        return tl::unexpected(item == nullptr ? SystemError{ENOENT} : *item->valuesError);
-    }
-    return item->values;
+    return valuesOf(find(url));
 }
 
 std::optional<FileType> SyntheticFiles::targetType(const FileURL& url) const {
@@ -123,22 +118,6 @@ std::optional<FileType> SyntheticFiles::targetType(const FileURL& url) const {
 FileURL SyntheticFiles::resolvingLinks(const FileURL& url) const {
     const SyntheticItem* item = find(url);
     return item == nullptr || item->target.empty() ? url : FileURL(item->target);
-}
-
-Result<void, SystemError> SyntheticFiles::probeReading(const FileURL& url) const {
-    const SyntheticItem* item = find(resolvingLinks(url));
-    if (item == nullptr || item->valuesError) {
-        return tl::unexpected(item == nullptr ? SystemError{ENOENT} : *item->valuesError);
-    }
-    return {};
-}
-
-Result<std::string, SystemError> SyntheticFiles::read(const FileURL&, std::size_t) const {
-    return tl::unexpected(SystemError{EIO});
-}
-
-Result<void, SystemError> SyntheticFiles::createDirectories(const FileURL&) const {
-    return tl::unexpected(SystemError{EROFS});
 }
 
 }

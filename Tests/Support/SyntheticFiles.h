@@ -2,6 +2,7 @@
 
 #include <HostKit/FileManager.h>
 
+#include <cerrno>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -32,16 +33,24 @@ struct SyntheticItem {
 class SyntheticFiles final : public FileManager {
   public:
     /// `root` bears the path `rootPath`; nothing else exists.
-    SyntheticFiles(std::string rootPath, SyntheticItem root);
+    SyntheticFiles(std::string rootPath, SyntheticItem root)
+        : rootPath_(std::move(rootPath))
+        , root_(std::move(root)) {}
 
     Result<std::unique_ptr<Directory>, SystemError>
     openDirectory(const FileURL& url, const Listing& listing) const override;
     Result<ResourceValues, SystemError> values(const FileURL& url) const override;
     std::optional<FileType> targetType(const FileURL& url) const override;
     FileURL resolvingLinks(const FileURL& url) const override;
-    Result<void, SystemError> probeReading(const FileURL& url) const override;
-    Result<std::string, SystemError> read(const FileURL& url, std::size_t limit) const override;
-    Result<void, SystemError> createDirectories(const FileURL& url) const override;
+    Result<void, SystemError> probeReading(const FileURL& url) const override {
+        return values(resolvingLinks(url)).map([](const ResourceValues&) {});
+    }
+    Result<std::string, SystemError> read(const FileURL&, std::size_t) const override {
+        return tl::unexpected(SystemError{EIO});
+    }
+    Result<void, SystemError> createDirectories(const FileURL&) const override {
+        return tl::unexpected(SystemError{EROFS});
+    }
     MountTable mounts() const override { return {}; }
 
   private:
