@@ -59,6 +59,7 @@ class RestoreCommand : public Command {
   public:
     void declare(CLI::App& app) override {
         app.add_option("FILE", file_, "What trash --json printed; standard input when absent")
+            ->type_name("")
             ->check(pathError);
     }
 

@@ -29,13 +29,16 @@ std::string sizeError(const std::string& text) {
 class ScanCommand : public Command {
   public:
     void declare(CLI::App& app) override {
-        app.add_option("PATH", path_, "The folder to measure")->check(pathError)->required();
+        app.add_option("PATH", path_, "The folder to measure")
+            ->type_name("")
+            ->check(pathError)
+            ->required();
         app.add_flag("--detailed", isDetailed_, "Keep many more files of each folder");
         app.add_option("--set", settings_, "Override a scan option (repeatable)")
             ->type_name("FIELD=VALUE")
             ->allow_extra_args(false)
             ->check(settingError);
-        app.add_option("--depth", depth_, "Levels of children to print")
+        app.add_option("--depth", depth_, "Levels of children to print (1 as text, all as JSON)")
             ->type_name("N")
             ->check(countError);
         app.add_option("--top", top_, "List so many of the largest files")
@@ -45,7 +48,7 @@ class ScanCommand : public Command {
             app.add_option("--svg", pictureFile_, "Draw the folder's children into a file")
                 ->type_name("FILE")
                 ->check(pathError);
-        app.add_option("--size", pictureSize_, "Size of the drawing in pixels")
+        app.add_option("--size", pictureSize_, "Size of the drawing in pixels (1200x800)")
             ->type_name("WxH")
             ->check(sizeError)
             ->needs(svg);

@@ -43,7 +43,7 @@ bool parse(std::string_view text, bool& value) {
 bool parse(std::string_view text, std::int64_t& value) {
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, value);
-    return error == std::errc() && stop == end;
+    return error == std::errc() && stop == end && value >= 0;
 }
 
 bool parse(std::string_view text, Prefixes& value) {

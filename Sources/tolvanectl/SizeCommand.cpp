@@ -30,7 +30,10 @@ JSON toJson(const ItemSize& size) {
 class SizeCommand : public Command {
   public:
     void declare(CLI::App& app) override {
-        app.add_option("PATH", paths_, "The items to measure")->check(pathError)->required();
+        app.add_option("PATH", paths_, "The items to measure")
+            ->type_name("")
+            ->check(pathError)
+            ->required();
     }
 
     Exit run(Console& console, const Host& host) override {

@@ -22,7 +22,10 @@ class TrashCommand : public Command {
             ->check(pathError)
             ->required();
         app.add_flag("--dry-run", isDryRun_, "Only tell what would be moved");
-        app.add_option("ITEM", items_, "What to move to the Trash")->check(pathError)->required();
+        app.add_option("ITEM", items_, "What to move to the Trash")
+            ->type_name("")
+            ->check(pathError)
+            ->required();
     }
 
     Exit run(Console& console, const Host& host) override {

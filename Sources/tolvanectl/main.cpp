@@ -7,6 +7,7 @@
 
 #include <CLI/CLI.hpp>
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -56,8 +57,24 @@ void addCommonOptions(CLI::App& app, Console& console) {
     app.add_flag("--json", console.writesJSON(), "Print one JSON document");
 }
 
+/// Why the arguments name no command.
+std::string commandError(const CLI::App& app) {
+    const std::vector<std::string> unknown = app.remaining();
+    if (unknown.empty()) {
+        return "A command is required";
+    }
+    const bool isOption = unknown.front().starts_with('-');
+    return fmt::format("There is no {} \"{}\"", isOption ? "option" : "command", unknown.front());
+}
+
 /// Help and version are printed; anything else is a complaint.
 Exit answer(const CLI::App& app, const CLI::ParseError& error, Console& console) {
+    const auto lacksArgument = static_cast<int>(CLI::ExitCodes::RequiredError);
+    if (error.get_exit_code() == lacksArgument && app.get_subcommands().empty()) {
+        console.complain(commandError(app));
+        console.complain("Run with --help for more information.");
+        return Exit::wrongCommandLine;
+    }
     std::ostringstream out;
     std::ostringstream complaint;
     const bool isAnswer = app.exit(error, out, complaint) == 0;
@@ -91,11 +108,12 @@ Exit run(int argumentCount, char** arguments) {
     CLI::App app("Shows what fills a disk and reclaims it safely", "tolvanectl");
     app.require_subcommand(1);
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.get_formatter()->label("Subcommands", "Commands");
+    app.get_formatter()->label("REQUIRED", "(required)");
     addCommonOptions(app, console);
     std::vector<std::unique_ptr<Command>> made;
     for (const Entry& entry : commands) {
         CLI::App* command = app.add_subcommand(entry.name, entry.description);
+        command->group("Commands");
         addCommonOptions(*command, console);
         made.push_back(entry.make());
         made.back()->declare(*command);

@@ -23,6 +23,7 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
         {"scan", ".", "--top", "many"},
         {"scan", ".", "--set", "maxDepth"},
         {"scan", ".", "--set", "maxDepth=1x"},
+        {"scan", ".", "--set", "maxDepth=-1"},
         {"scan", ".", "--set", "maxDepth=99999999999999999999"},
         {"scan", ".", "--set", "followsSymlinks=maybe"},
         {"scan", ".", "--set", "nothing=1"},
@@ -52,6 +53,13 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
         }
     }
     EXPECT_TRUE(home.has("f"));
+}
+
+TEST_F(CommandLine, saysWhatItDoesNotKnow) {
+    EXPECT_THAT(run({}).complaint, StartsWith("A command is required\n"));
+    EXPECT_THAT(run({"dance"}).complaint, StartsWith("There is no command \"dance\"\n"));
+    EXPECT_THAT(run({"--bogus"}).complaint, StartsWith("There is no option \"--bogus\"\n"));
+    EXPECT_THAT(run({"scan"}).complaint, StartsWith("PATH is required\n"));
 }
 
 TEST_F(CommandLine, answersHelpAndVersionAtEveryLevel) {
