@@ -48,13 +48,6 @@ std::pair<std::string, std::string> share(Bytes part, Bytes whole) {
     return {fmt::format("{:.1f} %", ratio * 100), bar};
 }
 
-std::string hiddenText(const FileNode& node) {
-    const std::int64_t items = sum(node.hiddenFiles(), node.hiddenDirectories());
-    // A folder over the budgets lost items of any size.
-    const std::string_view noun = node.truncated() ? "other item" : "smaller item";
-    return counted(items, noun) + ", " + ByteFormat::text(node.hiddenBytes());
-}
-
 /// The children of one folder, each followed by its own as deep as wanted.
 class Rows {
   public:
@@ -70,7 +63,9 @@ class Rows {
             }
         }
         if (folder.hiddenFiles() > 0 || folder.hiddenDirectories() > 0) {
-            table_.add({"", "", "", "", "", indent + hiddenText(folder)});
+            table_.add(
+                {"", "", "", "", "",
+                 indent + itemsNotKept(folder) + ", " + ByteFormat::text(folder.hiddenBytes())});
         }
     }
 
@@ -104,14 +99,23 @@ void printTotals(Console& console, const ScanReport& report, const NodeTotals& t
 void printChildren(Console& console, const ScanReport& report, Bytes whole) {
     constexpr std::int64_t usualDepth = 1;
     const std::int64_t depth = report.depth.value_or(usualDepth);
-    if (depth < 1) {
+    const FileNode& root = report.outcome.root;
+    const bool isEmpty = root.children().empty() && root.hiddenFiles() == 0;
+    if (depth < 1 || isEmpty) {
         return;
     }
     Table table({Alignment::right, Alignment::right, Alignment::left, Alignment::right,
                  Alignment::right, Alignment::left});
     table.add({"SIZE", "SHARE", "", "FILES", "FOLDERS", "NAME"});
-    Rows(table, whole).add(report.outcome.root, depth);
+    Rows(table, whole).add(root, depth);
     console.out().format("\n{}", table.text());
+    if (root.truncated()) {
+        console.out().format("\n{}\n",
+                             console.styled(Style::faint,
+                                            "Other items are counted but have no row: the scan met "
+                                            "more than it keeps. Scan a folder inside, or raise "
+                                            "--set maxRetainedDirectories, to see them."));
+    }
 }
 
 void printLargestFiles(Console& console, const ScanReport& report) {
@@ -162,6 +166,12 @@ void complainOfFailures(Console& console, const std::vector<ScanFailure>& failur
     }
 }
 
+}
+
+std::string itemsNotKept(const FileNode& folder) {
+    const std::int64_t items = sum(folder.hiddenFiles(), folder.hiddenDirectories());
+    // A folder over the budgets lost items of any size.
+    return counted(items, folder.truncated() ? "other item" : "smaller item");
 }
 
 std::vector<const FileNode*> largestFiles(const FileNode& root, std::int64_t count) {

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace tolvane {
@@ -30,6 +31,9 @@ struct ScanReport {
 /// The `count` largest kept files below `root`, largest first, equal ones in the order of the tree.
 /// The pointers are into `root`.
 std::vector<const FileNode*> largestFiles(const FileNode& root, std::int64_t count);
+
+/// The items of a folder that are counted and not kept: "1,204 smaller items".
+std::string itemsNotKept(const FileNode& folder);
 
 void printAsText(Console& console, const Host& host, const ScanReport& report);
 void printAsJson(Output& out, const ScanReport& report);

@@ -1,6 +1,7 @@
 #include "TreemapPicture.h"
 
 #include "Output.h"
+#include "ScanReport.h"
 #include "ShownText.h"
 
 #include <ArborviewKit/Treemap.h>
@@ -20,10 +21,16 @@ constexpr int longestSide = 100'000;
 constexpr std::array<std::string_view, 10> palette{"#7fb3d5", "#f5b041", "#82c99d", "#d98880",
                                                    "#bb8fce", "#76d7c4", "#f7dc6f", "#aab7b8",
                                                    "#85929e", "#e59866"};
+/// Of what no child stands for.
+constexpr std::string_view restColour = "#d5d8dc";
+constexpr std::int64_t restIndex = -1;
 // Of the labels, in pixels.
 constexpr double fontSize = 12;
 constexpr double letterWidth = 7;
+constexpr double lineHeight = 16;
 constexpr double margin = 4;
+/// A longer name cut to fewer letters tells nothing.
+constexpr std::size_t fewestLetters = 6;
 
 std::optional<int> side(std::string_view text) {
     int value = 0;
@@ -62,21 +69,55 @@ std::string escapedForXML(std::string_view text) {
     return escaped;
 }
 
-void drawCell(Output& out, const TreemapCell& cell) {
-    const Rectangle& place = cell.rect;
-    const std::string label = shownText(cell.label);
-    const auto colour = static_cast<std::size_t>(cell.colorIndex) % palette.size();
-    out.format(R"(<g><title>{}, {}</title><rect x="{:.2f}" y="{:.2f}" width="{:.2f}" )"
-               R"(height="{:.2f}" fill="{}"/>)",
-               escapedForXML(label), ByteFormat::text(static_cast<Bytes>(cell.weight)), place.x,
-               place.y, place.width, place.height, palette[colour]);
-    const double letters = (place.width - 2 * margin) / letterWidth;
-    if (letters >= 3 && place.height >= fontSize + 2 * margin) {
-        out.format(R"(<text x="{:.2f}" y="{:.2f}">{}</text>)", place.x + margin,
-                   place.y + margin + fontSize,
-                   escapedForXML(elidedInTheMiddle(label, static_cast<std::size_t>(letters))));
+void drawLine(Output& out, std::string_view text, int line) {
+    out.format(R"(<text x="{}" y="{}">{}</text>)", margin, margin + fontSize + line * lineHeight,
+               escapedForXML(text));
+}
+
+/// The name and, below it, the size, as far as there is room for them.
+void drawLabel(Output& out, const std::string& name, const std::string& size,
+               const Rectangle& place) {
+    const double room = (place.width - 2 * margin) / letterWidth;
+    const double lines = (place.height - 2 * margin) / lineHeight;
+    if (room < 1 || lines < 1) {
+        return;
     }
-    out.append("</g>\n");
+    const auto letters = static_cast<std::size_t>(room);
+    if (columnsOf(name) <= letters || letters >= fewestLetters) {
+        drawLine(out, elidedInTheMiddle(name, letters), 0);
+        if (lines >= 2 && columnsOf(size) <= letters) {
+            drawLine(out, size, 1);
+        }
+    }
+}
+
+/// A picture of its own within the picture, so that no label leaves its cell.
+void drawCell(Output& out, const TreemapCell& cell, Bytes whole) {
+    const Rectangle& place = cell.rect;
+    const std::string name = shownText(cell.label);
+    const std::string size = ByteFormat::text(static_cast<Bytes>(cell.weight));
+    const bool isRest = cell.colorIndex == restIndex;
+    const std::string_view colour =
+        isRest ? restColour : palette[static_cast<std::size_t>(cell.colorIndex) % palette.size()];
+    out.format(R"(<svg x="{:.2f}" y="{:.2f}" width="{:.2f}" height="{:.2f}">)", place.x, place.y,
+               place.width, place.height);
+    out.format(R"(<title>{}, {} ({:.1f} %)</title><rect width="100%" height="100%" fill="{}"/>)",
+               escapedForXML(name), size, 100 * cell.weight / static_cast<double>(whole), colour);
+    drawLabel(out, name, size, place);
+    out.append("</svg>\n");
+}
+
+/// Every child that takes space, and one entry for all that was counted and not kept: the areas
+/// are shares of everything.
+std::vector<TreemapEntry> entriesOf(const FileNode& folder) {
+    constexpr Bytes smallest = 1;
+    constexpr std::int64_t all = std::numeric_limits<std::int64_t>::max();
+    std::vector<TreemapEntry> entries = treemapEntries(folder, smallest, all);
+    if (folder.hiddenBytes() > 0) {
+        entries.push_back({folder.id(), itemsNotKept(folder),
+                           static_cast<double>(folder.hiddenBytes()), restIndex});
+    }
+    return entries;
 }
 
 void draw(Output& out, const FileNode& folder, const PictureSize& size) {
@@ -87,12 +128,10 @@ void draw(Output& out, const FileNode& folder, const PictureSize& size) {
 <rect width="{0}" height="{1}" fill="#eeeeee"/>
 )",
                size.width, size.height, fontSize);
-    constexpr Bytes smallest = 1;
-    constexpr std::int64_t all = std::numeric_limits<std::int64_t>::max();
     const Rectangle area{0, 0, static_cast<double>(size.width), static_cast<double>(size.height)};
-    for (const TreemapCell& cell :
-         TreemapLayout::squarified(treemapEntries(folder, smallest, all), area)) {
-        drawCell(out, cell);
+    const Bytes whole = folder.totalAllocatedSize();
+    for (const TreemapCell& cell : TreemapLayout::squarified(entriesOf(folder), area)) {
+        drawCell(out, cell, whole);
         out.flushIfLarge();
     }
     out.append("</svg>\n");

@@ -245,6 +245,13 @@ TEST_F(Scan, drawsThePictureOfTheChildren) {
                       HasSubstr("<title>&lt;img src=x&gt; &amp; ?, "), HasSubstr("<title>b, "),
                       Not(HasSubstr("<title>empty")), testing::EndsWith("</svg>\n")));
 
+    EXPECT_THAT(picture, HasSubstr(">b</text><text")) << "its size stands below";
+
+    run({"scan", "tree", "--svg", "p.svg", "--set", "maxRetainedFilesPerDirectory=1"});
+    EXPECT_THAT(home.read("p.svg"),
+                AllOf(HasSubstr("<title>2 smaller items, "), Not(HasSubstr("<title>b, "))))
+        << "what is not kept takes its share too";
+
     const CommandResult failed = run({"scan", "tree", "--svg", "nowhere/p.svg"});
     EXPECT_EQ(failed.status, 1);
     EXPECT_THAT(failed.complaint, HasSubstr("Could not write " + home.path("nowhere/p.svg")));
