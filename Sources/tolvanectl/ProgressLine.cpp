@@ -34,8 +34,7 @@ void ProgressLine::show(std::string_view facts, std::string_view path) {
     if (!isShown_) {
         return;
     }
-    // The last column stays free: some terminals wrap when it is used.
-    const std::size_t width = terminalWidth(descriptor_).value_or(usualWidth) - 1;
+    const std::size_t width = usableWidth();
     std::string line = fmt::format("{}  {}", facts, clockText(elapsed()));
     const std::size_t used = columnsOf(line) + 2;
     if (used < width) {
@@ -50,9 +49,16 @@ void ProgressLine::clear() {
     }
 }
 
+std::size_t ProgressLine::usableWidth() const {
+    // The last column stays free: some terminals wrap when it is used.
+    return terminalWidth(descriptor_).value_or(usualWidth) - 1;
+}
+
 void ProgressLine::replace(const std::string& text) {
     const std::size_t columns = columnsOf(text);
-    const std::size_t leftOver = shownColumns_ - std::min(columns, shownColumns_);
+    // Blanks beyond the edge of a terminal that became narrower would end on the next line.
+    const std::size_t shown = std::min(shownColumns_, usableWidth());
+    const std::size_t leftOver = shown - std::min(columns, shown);
     // Blanks and not an escape sequence: every terminal understands them.
     const std::string line = "\r" + text + std::string(leftOver, ' ') + (text.empty() ? "\r" : "");
     shownColumns_ = columns;

@@ -29,6 +29,7 @@ class ProgressLine {
     Seconds elapsed() const { return steadyTime() - start_; }
 
   private:
+    std::size_t usableWidth() const;
     void replace(const std::string& text);
 
     const int descriptor_;
