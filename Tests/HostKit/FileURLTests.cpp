@@ -34,12 +34,13 @@ TEST(FileURL, takesAPathApart) {
 }
 
 TEST(FileURL, standardizesByTextAlone) {
-    constexpr std::array<std::array<const char*, 2>, 7> cases{{{"//a/.///b//", "/a/b"},
+    constexpr std::array<std::array<const char*, 2>, 8> cases{{{"//a/.///b//", "/a/b"},
                                                                {"/a/../b", "/b"},
                                                                {"/../../a", "/a"},
                                                                {"/a/..", "/"},
                                                                {"", ""},
                                                                {"a/../../b", "../b"},
+                                                               {"../..", "../.."},
                                                                {"/a/..b/.c/...", "/a/..b/.c/..."}}};
     for (const auto& [path, expected] : cases) {
         EXPECT_EQ(FileURL(path).standardized().path(), expected) << path;
