@@ -40,7 +40,7 @@ TEST_F(AppLogTest, emptiesTheFileOnlyBeyondTheLimit) {
 }
 
 TEST_F(AppLogTest, writesEveryLineWholeAndInOrderBeforeItEnds) {
-    constexpr int lines = 200;
+    constexpr int lines = 2000;
     std::thread other([&] {
         for (int i = 0; i < lines; ++i) {
             log->write("b");
