@@ -83,10 +83,11 @@ ScanOutcome scan(const std::string& tree, const ScanOptions& options) {
 }
 
 /// Becomes another program, its output thrown away.
-void become(const std::vector<std::string>& command) {
+void become(std::vector<std::string> command) {
     std::vector<char*> arguments;
-    for (const std::string& argument : command) {
-        arguments.push_back(const_cast<char*>(argument.c_str()));
+    arguments.reserve(command.size() + 1);
+    for (std::string& argument : command) {
+        arguments.push_back(argument.data());
     }
     arguments.push_back(nullptr);
     if (std::freopen("/dev/null", "w", stdout) != nullptr) {
@@ -115,7 +116,8 @@ bool isInstalled(const std::string& program) {
     const char* variable = std::getenv("PATH");
     std::istringstream folders(variable == nullptr ? "" : variable);
     for (std::string folder; std::getline(folders, folder, ':');) {
-        if (::access((folder + "/" + program).c_str(), X_OK) == 0) {
+        folder.append("/").append(program);
+        if (::access(folder.c_str(), X_OK) == 0) {
             return true;
         }
     }
