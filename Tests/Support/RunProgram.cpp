@@ -57,7 +57,10 @@ ProgramRun runProgram(const std::vector<std::string>& arguments,
                       const std::map<std::string, std::string>& environment,
                       std::string_view input) {
     const File in(std::tmpfile(), &std::fclose);
-    std::fwrite(input.data(), 1, input.size(), in.get());
+    // An empty view may hold no pointer, which fwrite does not take.
+    if (!input.empty()) {
+        std::fwrite(input.data(), 1, input.size(), in.get());
+    }
     std::rewind(in.get());
     return runChild([&](std::FILE* output) {
         become(arguments, environment, ::fileno(in.get()), ::fileno(output));
