@@ -1,0 +1,1 @@
+#include <Controllers/ListModel.h>

@@ -1,0 +1,1 @@
+#include <Interface/TolvaneApp.h>
