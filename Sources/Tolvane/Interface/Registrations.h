@@ -1,7 +1,6 @@
 #pragma once
 
 #include <Controllers/ListModel.h>
-
 #include <QtQml/qqml.h>
 
 namespace tolvane {

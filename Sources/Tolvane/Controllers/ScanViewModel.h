@@ -1,0 +1,199 @@
+#pragma once
+
+#include <ArborviewKit/SelectionModel.h>
+#include <ArborviewKit/Treemap.h>
+#include <ScanKit/FullDiskAccess.h>
+#include <ScanKit/ScanFailure.h>
+#include <ScanKit/ScanProgress.h>
+#include <Services/Job.h>
+#include <Services/QuickLocation.h>
+
+#include <Controllers/Activity.h>
+#include <Controllers/Environment.h>
+#include <Controllers/FolderCache.h>
+#include <Controllers/FolderModel.h>
+#include <Controllers/Inspector.h>
+#include <Controllers/Published.h>
+#include <Controllers/RecordModel.h>
+#include <Controllers/Removal.h>
+#include <Controllers/ScanStatistics.h>
+#include <Controllers/Ui.h>
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tolvane {
+
+/// A folder in which something could not be read, and how many things.
+struct FailureFolder {
+    FileURL folder;
+    std::int64_t count = 0;
+};
+
+/// The controller of the size map: scans a folder or volume, moves about in the tree, loads folders
+/// in detail, keeps what is ticked, moves it to the Trash and back. For the main thread.
+class ScanViewModel : public QObject {
+    Q_OBJECT
+    PUBLISHED(ScanViewModel, tolvane::Ui::Stage, stage)
+    PUBLISHED(ScanViewModel, bool, isScanning)
+    /// Seconds of the last scan.
+    PUBLISHED(ScanViewModel, double, elapsed)
+    /// Whether the result is that of a scan which was cancelled.
+    PUBLISHED(ScanViewModel, bool, isPartial)
+    PUBLISHED(ScanViewModel, int, selectedCount)
+    /// Grows with every change of what is ticked.
+    PUBLISHED(ScanViewModel, int, selectionVersion)
+    PUBLISHED(ScanViewModel, bool, showFailures)
+    PUBLISHED(ScanViewModel, bool, showPurgeable)
+    /// One line about the last removal, undo or load; empty when there is none.
+    PUBLISHED(ScanViewModel, QString, banner)
+    PUBLISHED(ScanViewModel, bool, isLoadingFolder)
+    PUBLISHED(ScanViewModel, QString, loadingFolderName)
+    PUBLISHED(ScanViewModel, QString, loadingPath)
+
+    // Ready text.
+    PUBLISHED(ScanViewModel, QString, scannedPath)
+    PUBLISHED(ScanViewModel, QString, scannedName)
+    /// "3 items, 1.2 GB"; empty when nothing is ticked.
+    PUBLISHED(ScanViewModel, QString, selectionText)
+    /// Size and counts of the folder on screen.
+    PUBLISHED(ScanViewModel, QString, folderText)
+    /// "Scanned in 2.1 s"
+    PUBLISHED(ScanViewModel, QString, elapsedText)
+    /// "12 items could not be read"; empty when all could.
+    PUBLISHED(ScanViewModel, QString, failuresText)
+    /// "1.2 GB purgeable"; empty when there is nothing of the kind.
+    PUBLISHED(ScanViewModel, QString, purgeableText)
+    /// What lies below the scanned folder and is in no total.
+    PUBLISHED(ScanViewModel, QString, notCountedText)
+    /// Why nothing of this scan can be removed; empty when it can.
+    PUBLISHED(ScanViewModel, QString, lockedText)
+    PUBLISHED(ScanViewModel, bool, isFullDiskAccessGranted)
+    PUBLISHED(ScanViewModel, QString, fullDiskAccessText)
+    /// Path of the last scan; empty before the first.
+    PUBLISHED(ScanViewModel, QString, lastScanPath)
+    /// Whether `goBack` leads anywhere.
+    PUBLISHED(ScanViewModel, bool, canGoBack)
+    /// "grid" or "list".
+    PUBLISHED(ScanViewModel, QString, spaceAnalysisView)
+
+    Q_PROPERTY(tolvane::ListModel* crumbs READ crumbs CONSTANT)
+    Q_PROPERTY(tolvane::FolderModel* folder READ folder CONSTANT)
+    Q_PROPERTY(tolvane::Inspector* inspector READ inspector CONSTANT)
+    Q_PROPERTY(tolvane::Activity* activity READ activity CONSTANT)
+    Q_PROPERTY(tolvane::Removal* removal READ removal CONSTANT)
+    Q_PROPERTY(tolvane::ListModel* quickPlaces READ quickPlaces CONSTANT)
+    Q_PROPERTY(tolvane::ListModel* failureFolders READ failureFolders CONSTANT)
+    Q_PROPERTY(tolvane::ListModel* purgeable READ purgeable CONSTANT)
+
+  public:
+    static constexpr std::size_t automaticDetailLimit = 60'000;
+
+    explicit ScanViewModel(const Environment& environment);
+    ~ScanViewModel() override;
+
+    // Fields
+
+    /// The folders from the scanned one to the one on screen; empty before the first result.
+    const std::vector<FileNode>& path() const;
+    const std::optional<ScanProgress>& progress() const;
+    const std::optional<ScanProgress>& folderProgress() const;
+    const std::vector<ScanFailure>& failures() const;
+    const FullDiskAccessStatus& fda() const;
+    const std::optional<FileURL>& scannedURL() const;
+    Bytes selectedSize() const;
+    const std::optional<FileNode>& inspected() const;
+    std::optional<Date> scanStartedAt() const;
+    std::optional<Date> folderStartedAt() const;
+
+    // Scanning
+
+    /// `origin` tells the log who asked.
+    void scan(const FileURL& url, const QString& origin);
+    Q_INVOKABLE void cancel();
+    Q_INVOKABLE void scanAgain();
+    Q_INVOKABLE void scanLast();
+    Q_INVOKABLE void scanQuickPlace(int row);
+    Q_INVOKABLE void scanFolderOnScreen();
+    Q_INVOKABLE void chooseFolder();
+    /// The first of `urls` that is a local folder.
+    Q_INVOKABLE void scanDropped(const QList<QUrl>& urls);
+    /// Stops whatever the activity tells of.
+    Q_INVOKABLE void cancelActivity();
+
+    // Navigation
+
+    void drill(const FileNode& node);
+    Q_INVOKABLE void goBack();
+    Q_INVOKABLE void jump(int index);
+    /// Opens a folder as `drill` does, without its guard against double clicks: one that is loaded
+    /// in detail is shown as it is, another is loaded first.
+    void loadContents(const FileNode& node);
+    void loadFolder(const FileNode& node);
+    Q_INVOKABLE void cancelFolderLoad();
+    /// Loads the folder on screen in detail.
+    Q_INVOKABLE void rescanInDetail();
+
+    // Items, by the text of their id
+
+    /// Enters a folder; opens a file in its application.
+    Q_INVOKABLE void open(const QString& nodeID);
+    Q_INVOKABLE void inspect(const QString& nodeID);
+    Q_INVOKABLE void select(const QString& nodeID, bool additive);
+    Q_INVOKABLE void reveal(const QString& nodeID);
+    Q_INVOKABLE void copyPath(const QString& nodeID);
+
+    // Selection
+
+    void select(const FileNode& node, bool additive);
+    Q_INVOKABLE void selectAllChildren();
+    Q_INVOKABLE void clearSelection();
+    std::vector<FileNode> topLevelSelected() const;
+    const SelectionModel& selection() const { return selection_; }
+
+    // Removal
+
+    Q_INVOKABLE void prepareReview();
+    Q_INVOKABLE void removeReviewed();
+    Q_INVOKABLE void undoRemoval();
+    Q_INVOKABLE void dismissBanner();
+
+    // Sheets and the rest
+
+    Q_INVOKABLE void openFailures();
+    Q_INVOKABLE void closeFailures();
+    Q_INVOKABLE void openPurgeable();
+    Q_INVOKABLE void closePurgeable();
+    Q_INVOKABLE void setSpaceAnalysisView(const QString& view);
+    Q_INVOKABLE void refreshFDA();
+    Q_INVOKABLE void openFullDiskAccessSettings();
+    Q_INVOKABLE void relaunch();
+    /// Regular files that the system may reclaim, largest first.
+    std::vector<FileNode> purgeableFiles(std::size_t limit) const;
+    std::vector<FailureFolder> failuresByFolder() const;
+
+    // Derived for the progress display
+
+    std::optional<ScanProgress> activeProgress() const;
+    std::optional<Date> activeStartedAt() const;
+    std::optional<double> activeFraction() const;
+    std::optional<Seconds> activeETA() const;
+    QString activeTitle() const;
+
+    /// Shares of a treemap of the inspected folder, else of the folder on screen; empty before a
+    /// result. `treemapChanged` tells that they are others.
+    std::vector<TreemapEntry> treemapEntries() const;
+
+  Q_SIGNALS:
+    void treemapChanged();
+
+  private:
+    SelectionModel selection_;
+};
+
+}
