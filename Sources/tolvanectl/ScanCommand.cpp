@@ -2,12 +2,12 @@
 #include "Command.h"
 #include "ScanReport.h"
 #include "ScanSetting.h"
-#include "ShownText.h"
 #include "TreemapPicture.h"
 
 #include <ScanKit/ExcludedPrefixes.h>
 #include <ScanKit/FileTreeScanner.h>
 #include <Services/ByteFormat.h>
+#include <Services/CountFormat.h>
 
 #include <CLI/CLI.hpp>
 
@@ -15,6 +15,8 @@
 
 namespace tolvane {
 namespace {
+
+using CountFormat::grouped;
 
 std::string settingError(const std::string& setting) {
     ScanOptions ignored = fullScanOptions({});

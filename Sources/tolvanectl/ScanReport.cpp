@@ -5,12 +5,17 @@
 #include "Table.h"
 
 #include <Services/ByteFormat.h>
+#include <Services/CountFormat.h>
+#include <Services/NotCounted.h>
 
 #include <algorithm>
 #include <cmath>
 
 namespace tolvane {
 namespace {
+
+using CountFormat::counted;
+using CountFormat::grouped;
 
 constexpr std::size_t namedFailures = 5;
 constexpr double barLength = 10;
@@ -129,18 +134,11 @@ void printLargestFiles(Console& console, const ScanReport& report) {
     console.out().format("\nLargest files\n{}", table.text());
 }
 
-bool liesBelow(const std::string& path, const FileURL& root) {
-    return path != root.path() && (root.path() == "/" || liesWithin(path, root.path()));
-}
-
-/// What exists below the root and was not entered.
 void printLeftOut(Console& console, const Host& host, const ScanReport& report) {
-    const FileURL root = report.outcome.root.url();
     std::string leftOut = "Not counted: ";
-    for (const std::string& prefix : report.options.excludedPathPrefixes) {
-        if (liesBelow(prefix, root) && host.files->itemExists(FileURL(prefix))) {
-            leftOut += shownText(prefix) + ", ";
-        }
+    for (const FileURL& url :
+         notEntered(report.outcome.root.url(), report.options.excludedPathPrefixes, *host.files)) {
+        leftOut += shownText(url.path()) + ", ";
     }
     if (report.options.excludesNoFollowMarker) {
         leftOut += "items named .nofollow, ";
@@ -166,12 +164,6 @@ void complainOfFailures(Console& console, const std::vector<ScanFailure>& failur
     }
 }
 
-}
-
-std::string itemsNotKept(const FileNode& folder) {
-    const std::int64_t items = sum(folder.hiddenFiles(), folder.hiddenDirectories());
-    // A folder over the budgets lost items of any size.
-    return counted(items, folder.truncated() ? "other item" : "smaller item");
 }
 
 std::vector<const FileNode*> largestFiles(const FileNode& root, std::int64_t count) {

@@ -32,9 +32,6 @@ struct ScanReport {
 /// The pointers are into `root`.
 std::vector<const FileNode*> largestFiles(const FileNode& root, std::int64_t count);
 
-/// The items of a folder that are counted and not kept: "1,204 smaller items".
-std::string itemsNotKept(const FileNode& folder);
-
 void printAsText(Console& console, const Host& host, const ScanReport& report);
 void printAsJson(Output& out, const ScanReport& report);
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -11,12 +10,6 @@ namespace tolvane {
 /// turn the direction of text, so that no file name gives orders to the terminal, breaks a line or
 /// passes for another.
 std::string shownText(std::string_view bytes);
-
-/// "1,204".
-std::string grouped(std::int64_t count);
-
-/// "1 folder", "1,204 folders".
-std::string counted(std::int64_t count, std::string_view noun);
 
 /// How many columns the text takes at most: two for what is not ASCII, for some of it does.
 std::size_t columnsOf(std::string_view text);

@@ -1,11 +1,11 @@
 #include "TreemapPicture.h"
 
 #include "Output.h"
-#include "ScanReport.h"
 #include "ShownText.h"
 
 #include <ArborviewKit/Treemap.h>
 #include <Services/ByteFormat.h>
+#include <Services/NotCounted.h>
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -1,8 +1,11 @@
+#include <Services/CountFormat.h>
+#include <Services/NotCounted.h>
 #include <Services/QuickLocation.h>
 #include <Services/ReviewItem.h>
 #include <Services/Throttle.h>
+#include <Support/SyntheticFiles.h>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace tolvane {
 namespace {
@@ -39,6 +42,28 @@ TEST(ReviewItem, describesAScannedNodeWithAllBelowIt) {
 
     const FileNode link(FileURL("/l"), "l", Kind::symlink, 0, 3, false, {}, {}, 0, 0, 0, false);
     EXPECT_FALSE(reviewItem(link).isDirectory) << "whatever it leads to";
+}
+
+TEST(CountFormat, groupsDigitsAndCountsNouns) {
+    using CountFormat::counted;
+    EXPECT_EQ(counted(0, "file") + counted(1, "file"), "0 files1 file");
+    EXPECT_EQ(counted(999, "a") + counted(1000, "a"), "999 as1,000 as");
+    EXPECT_EQ(CountFormat::grouped(1234567) + CountFormat::grouped(-123456), "1,234,567-123,456");
+}
+
+TEST(NotCounted, namesWhatLiesBelowTheRootAndWasNotEntered) {
+    const std::vector<std::string> excluded{"/a/y", "/a/no", "/b", "", "/a/x"};
+    const SyntheticFiles files(
+        "", SyntheticItem::folder(
+                "", {SyntheticItem::folder("a", {SyntheticItem::file("x", 1),
+                                                 SyntheticItem::link("y", "/nowhere", 1)}),
+                     SyntheticItem::folder("b")}));
+    using testing::ElementsAre;
+    EXPECT_THAT(notEntered(FileURL("/a"), excluded, files),
+                ElementsAre(FileURL("/a/y"), FileURL("/a/x")));
+    EXPECT_THAT(notEntered(FileURL("/"), excluded, files),
+                ElementsAre(FileURL("/a/y"), FileURL("/b"), FileURL("/a/x")));
+    EXPECT_THAT(notEntered(FileURL("/b"), excluded, files), testing::IsEmpty());
 }
 
 }
