@@ -3,6 +3,7 @@
 #include <Services/Workers.h>
 
 #include <QObject>
+#include <atomic>
 
 namespace tolvane {
 
@@ -21,6 +22,11 @@ class MainThreadWorkers : public QObject {
     bool event(QEvent* event) override;
 
   private:
+    void wake();
+
+    /// Whether a wake-up is on its way that will drain whatever is posted before it arrives.
+    std::atomic<bool> isAwaited_ = false;
+    /// Ends first of all: until then it may wake this object.
     Workers workers_;
 };
 
