@@ -6,11 +6,9 @@
 #include <sys/sysmacros.h>
 
 namespace tolvane {
+namespace {
 
-dev_t LocatedItem::device() const {
-    return makedev(status.stx_dev_major, status.stx_dev_minor);
-}
-
+/// Opens the directory `below` under an open one; no component may be a link (ENOTDIR).
 Result<Descriptor, SystemError> openWithoutLinks(Descriptor directory, std::string_view below) {
     while (!below.empty()) {
         const std::size_t end = below.find('/');
@@ -24,6 +22,12 @@ Result<Descriptor, SystemError> openWithoutLinks(Descriptor directory, std::stri
         directory = std::move(next);
     }
     return directory;
+}
+
+}
+
+dev_t LocatedItem::device() const {
+    return makedev(status.stx_dev_major, status.stx_dev_minor);
 }
 
 Result<LocatedItem, SystemError> locate(const FileURL& item, const FileURL& within,

@@ -9,9 +9,6 @@
 
 namespace tolvane {
 
-/// Opens the directory `below` under an open one; no component may be a link (ENOTDIR).
-Result<Descriptor, SystemError> openWithoutLinks(Descriptor directory, std::string_view below);
-
 /// An item that was found from the folder the user chose.
 struct LocatedItem {
     ItemPlace place;

@@ -208,11 +208,13 @@ class LinuxTrash final : public Trash {
 
     /// Without the sticky bit others could remove or swap what lies in it.
     static Result<Descriptor, SystemError> openSharedFolder(const Descriptor& volume) {
-        Result<Descriptor, SystemError> folder =
-            openWithoutLinks(Descriptor(::fcntl(volume.number(), F_DUPFD_CLOEXEC, 0)), ".Trash");
+        Descriptor folder(
+            ::openat(volume.number(), ".Trash", O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
         struct stat status;
-        if (folder &&
-            (::fstat(folder->number(), &status) != 0 || (status.st_mode & S_ISVTX) == 0)) {
+        if (!folder.isOpen() || ::fstat(folder.number(), &status) != 0) {
+            return tl::unexpected(SystemError::last());
+        }
+        if ((status.st_mode & S_ISVTX) == 0) {
             return tl::unexpected(SystemError{EPERM});
         }
         return folder;
