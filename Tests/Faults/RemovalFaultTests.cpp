@@ -8,9 +8,26 @@
 #include <Support/TreeState.h>
 
 #include <gtest/gtest.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstdio>
 #include <filesystem>
+
+namespace {
+
+bool losesAnswers = false;
+
+}
+
+/// In place of the C library's: the system call, whose answer can be lost as on a network.
+extern "C" int renameat2(int from, const char* name, int to, const char* newName,
+                         unsigned flags) noexcept {
+    const long result = ::syscall(SYS_renameat2, from, name, to, newName, flags);
+    errno = losesAnswers ? EIO : errno;
+    return losesAnswers ? -1 : static_cast<int>(result);
+}
 
 namespace tolvane {
 namespace {
@@ -93,17 +110,33 @@ TEST_F(RemovalFault, linkMovesWithoutItsTarget) {
     EXPECT_EQ(treeState(home.path("links")), before);
 }
 
+TEST_F(RemovalFault, moveWhoseAnswerIsLostIsDone) {
+    home.write("item", "precious");
+    losesAnswers = true;
+    const Receipts receipts = remove({"item"});
+    const bool isMoved = !home.has("item");
+    const bool isRecorded = home.has(".local/share/Trash/info/item.trashinfo");
+    const auto errors = home.cleaner().restore(receipts.value_or(std::vector<RemovalReceipt>{}));
+    losesAnswers = false;
+    EXPECT_EQ(description(receipts), "done");
+    EXPECT_TRUE(isMoved && isRecorded && errors.empty());
+    EXPECT_EQ(home.read("item"), "precious");
+    EXPECT_FALSE(home.has(".local/share/Trash/info/item.trashinfo"));
+}
+
 TEST_F(RemovalFault, occupiedPlaceKeepsBoth) {
     const auto occupy = [&](const std::string& kind) {
         if (kind == "file") {
             home.write(kind, "occupant");
         } else if (kind == "folder") {
             home.makeFolder(kind);
+        } else if (kind == "same") {
+            fs::create_hard_link(home.path(".local/share/Trash/files/same"), home.path(kind));
         } else {
             home.makeLink(kind, "nowhere");
         }
     };
-    for (const std::string kind : {"file", "folder", "link"}) {
+    for (const std::string kind : {"file", "folder", "same", "link"}) {
         home.write(kind, "item");
         const Receipts receipts = remove({kind});
         ASSERT_TRUE(receipts) << description(receipts);
