@@ -34,4 +34,18 @@ std::vector<std::string> excludedPrefixes(const FileURL& root, const HostLayout&
     return list;
 }
 
+std::vector<std::string> excludedPrefixes(const FileURL& root, const HostLayout& layout,
+                                          const FileManager& files) {
+    const FileURL place = files.resolvingLinks(root);
+    std::vector<std::string> list = excludedPrefixes(place, layout, files.mounts());
+    const std::string start = place.path() == "/" ? "/" : place.path() + "/";
+    for (std::string& prefix : list) {
+        if (prefix.starts_with(start)) {
+            prefix = root.appending(prefix.substr(start.size())).path();
+        }
+    }
+    std::erase_if(list, [&](const std::string& prefix) { return liesWithin(root.path(), prefix); });
+    return list;
+}
+
 }

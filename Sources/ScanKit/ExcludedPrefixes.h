@@ -1,5 +1,6 @@
 #pragma once
 
+#include <HostKit/FileManager.h>
 #include <HostKit/FileURL.h>
 #include <HostKit/HostLayout.h>
 #include <HostKit/MountTable.h>
@@ -14,5 +15,10 @@ namespace tolvane {
 /// scanned.
 std::vector<std::string> excludedPrefixes(const FileURL& root, const HostLayout& layout,
                                           const MountTable& mounts);
+
+/// The same for a `root` that a link may lead to: what is to be left out where it really lies, by
+/// the names under which a walk that starts at `root` meets it.
+std::vector<std::string> excludedPrefixes(const FileURL& root, const HostLayout& layout,
+                                          const FileManager& files);
 
 }

@@ -75,8 +75,7 @@ class ScanCommand : public Command {
 
   private:
     Result<ScanOptions, std::string> makeOptions(const Host& host, const FileURL& root) const {
-        std::vector<std::string> excluded =
-            excludedPrefixes(root, host.layout, host.files->mounts());
+        std::vector<std::string> excluded = excludedPrefixes(root, host.layout, *host.files);
         ScanOptions options = isDetailed_ ? detailedScanOptions(std::move(excluded))
                                           : fullScanOptions(std::move(excluded));
         for (const std::string& setting : settings_) {

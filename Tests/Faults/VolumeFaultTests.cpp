@@ -1,8 +1,10 @@
 #include "OwnMount.h"
 
+#include <ScanKit/ExcludedPrefixes.h>
 #include <Support/RemovalHome.h>
 #include <Support/TreeState.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -203,6 +205,20 @@ TEST_F(VolumeFault, mountPointsStayWhereTheyAre) {
     EXPECT_EQ(remove("alias/sub"), contains) << "renamed there, it would carry the mount along";
     EXPECT_EQ(home.read("folder/sub/disk/file"), "mounted");
     EXPECT_FALSE(home.has(".local"));
+}
+
+TEST_F(VolumeFault, mountsBelowALinkedRootAreLeftOutOfItsScan) {
+    home.makeFolder("real/disk");
+    const OwnMount disk = OwnMount::memory(home.path("real/disk"));
+    home.makeLink("way", "real");
+    home.makeLink("all", "/");
+    const auto excluded = [&](const std::string& root) {
+        return excludedPrefixes(home.url(root), home.layout, *home.files);
+    };
+    EXPECT_THAT(excluded("way"), testing::Contains(home.path("way/disk")));
+    EXPECT_THAT(excluded("all"),
+                testing::IsSupersetOf({home.path("all/proc"), home.path("all/dev")}));
+    EXPECT_THAT(excluded("way/disk"), testing::Not(testing::Contains(home.path("way/disk"))));
 }
 
 }
