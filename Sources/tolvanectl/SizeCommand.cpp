@@ -42,9 +42,9 @@ class SizeCommand : public Command {
             return console.fail(urls.error());
         }
         for (const FileURL& url : *urls) {
-            if (const auto values = host.files->values(url); !values) {
+            if (const Result<void, SystemError> measurable = probe(*host.files, url); !measurable) {
                 return console.fail("Could not measure " + url.path() + ": " +
-                                    values.error().message());
+                                    measurable.error().message());
             }
         }
         const std::vector<ItemSize> sizes = measure(console, host, *urls);
@@ -53,6 +53,13 @@ class SizeCommand : public Command {
     }
 
   private:
+    /// A folder that cannot be listed would count as empty.
+    static Result<void, SystemError> probe(const FileManager& files, const FileURL& url) {
+        return files.targetType(url) == FileType::directory
+                   ? files.probeReading(url)
+                   : files.values(url).map([](const ResourceValues&) {});
+    }
+
     static std::vector<ItemSize> measure(Console& console, const Host& host,
                                          const std::vector<FileURL>& urls) {
         std::vector<ItemSize> sizes;

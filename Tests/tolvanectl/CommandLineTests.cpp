@@ -1,5 +1,9 @@
 #include "ProgramTest.h"
 
+#include <Support/OrdinaryUser.h>
+
+#include <filesystem>
+
 namespace tolvane {
 namespace {
 
@@ -131,6 +135,23 @@ TEST_F(CommandLine, measuresSingleItems) {
     EXPECT_EQ(missing.status, 1);
     EXPECT_THAT(missing.output, IsEmpty());
     EXPECT_THAT(missing.complaint, HasSubstr(home.path("nowhere") + ": No such file"));
+}
+
+TEST_F(CommandLine, saysWhyAFolderCannotBeMeasured) {
+    namespace fs = std::filesystem;
+    home.makeFolder("closed");
+    fs::permissions(home.path("closed"), fs::perms::none);
+    // Where the program itself lies, not everybody may look.
+    fs::copy_file(TOLVANECTL, home.path("program"));
+    giveToOrdinaryUser(home.path(""));
+    giveToOrdinaryUser(aside.path(""));
+    const auto measure = [&] {
+        const CommandResult result = runIn("exec ./program size . closed", {});
+        return std::to_string(result.status) + result.output + result.complaint;
+    };
+    EXPECT_EQ(asOrdinaryUser(measure),
+              "1Could not measure " + home.path("closed") + ": Permission denied\n");
+    fs::permissions(home.path("closed"), fs::perms::owner_all);
 }
 
 TEST_F(CommandLine, showsProgressAndStylesOnATerminalOnly) {
