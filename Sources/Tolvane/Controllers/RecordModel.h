@@ -6,7 +6,6 @@
 #include <QByteArray>
 #include <QHash>
 #include <algorithm>
-#include <concepts>
 #include <cstddef>
 #include <functional>
 #include <iterator>
@@ -136,7 +135,7 @@ class RecordModel final : public ListModel {
     }
 
     QList<int> differences(const Record& a, const Record& b) const {
-        if constexpr (std::equality_comparable<Record>) {
+        if constexpr (requires { a == b; }) {
             if (a == b) {
                 return {};
             }

@@ -10,6 +10,9 @@
 
 #include <QString>
 #include <functional>
+#include <map>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace tolvane {
@@ -19,11 +22,14 @@ struct ReviewRow {
     ReviewItem item;
     /// Why it cannot be moved to the Trash, for people; empty when nothing is known of that kind.
     QString trouble;
+
+    friend bool operator==(const ReviewRow&, const ReviewRow&) = default;
 };
 
 /// The one way from chosen items to the Trash and back, shared by all removing controllers: the
-/// rows of the confirm sheet, the move and its undoing as background jobs, the receipts. For the
-/// main thread.
+/// rows of the confirm sheet, the move and its undoing as background jobs, the receipts. While a
+/// job moves something, every other call that would change the rows or start another is ignored.
+/// For the main thread.
 class Removal : public QObject {
     Q_OBJECT
     /// Whether the confirm sheet is shown.
@@ -38,6 +44,7 @@ class Removal : public QObject {
     PUBLISHED(Removal, QString, countText)
     /// How many rows have something in their way; while there are any the removal would fail.
     PUBLISHED(Removal, int, troubledCount)
+    /// Records with the roles `name`, `pathText`, `sizeText`, `isDirectory`, `iconName`, `trouble`.
     Q_PROPERTY(tolvane::ListModel* rows READ rows CONSTANT)
 
   public:
@@ -47,11 +54,12 @@ class Removal : public QObject {
         std::vector<FileURL> roots;
         bool allowProtected = false;
     };
-    /// What the controller does afterwards: banner, log line, refresh. Called after `isRemoving`
-    /// was cleared.
+    /// What the controller does afterwards: banner, log line, refresh. Called last, when
+    /// `isRemoving` and all else is up to date; each may destroy the `Removal`.
     struct Handlers {
         std::function<void(const std::vector<RemovalReceipt>&)> onRemoved;
-        /// An error of a step; earlier steps stay done.
+        /// An error of a step. What was moved before it stays in the Trash, without receipts; the
+        /// receipts of the removal before this one stay.
         std::function<void(const RemovalError&)> onFailed;
         std::function<void(std::size_t restored, const std::vector<RemovalError>& failed)>
             onRestored;
@@ -59,15 +67,20 @@ class Removal : public QObject {
 
     Removal(const Environment& environment, Handlers handlers);
 
-    /// Opens the sheet on these rows; a job then finds out what stands in the way of each.
+    /// Opens the sheet on these rows, whose ids are distinct; a job then finds out what stands in
+    /// the way of each.
     void review(std::vector<ReviewItem> items, std::vector<FileURL> roots, bool allowProtected);
-    const std::vector<ReviewItem>& reviewItems() const { return reviewItems_; }
+    /// One for each row; empty when the sheet is closed.
+    std::vector<ReviewItem> reviewItems() const;
     /// Bytes of all rows.
     Bytes reviewedSize() const;
 
-    /// Closes the sheet when it succeeded. Ignored while one runs.
+    /// Moves the items of each step in turn. The sheet closes when all succeeded. After a failure
+    /// it stays open and the rows are looked at again, so that it shows what was in the way; who
+    /// refreshes what the rows were chosen from closes it.
     void remove(std::vector<Step> steps);
-    /// Puts back what the last removal moved. Ignored while one runs or without receipts.
+    /// Puts back what the last removal moved, once: afterwards there are no receipts, whatever
+    /// could not be put back.
     void undo();
     const std::vector<RemovalReceipt>& receipts() const { return receipts_; }
 
@@ -79,20 +92,29 @@ class Removal : public QObject {
     Q_INVOKABLE void leaveOutTroubled();
 
   private:
-    struct Removed {
-        std::vector<RemovalReceipt> receipts;
-        std::optional<RemovalError> error;
-    };
     struct Nothing {};
+    using Removed = Result<std::vector<RemovalReceipt>, RemovalError>;
+    /// What is in the way of items, by their ids.
+    using Troubles = std::map<std::string, std::string>;
 
-    void publishRows();
+    /// `failure` is known already, and not found by looking.
+    void check(const std::optional<RemovalError>& failure);
+    void showTroubles(const Troubles& troubles);
+    void show(std::vector<ReviewRow> rows);
+    void endReview();
+    void finishRemoval(Removed outcome);
+    void finishUndo(std::size_t restored, const std::vector<RemovalError>& failed);
+    void setReceipts(std::vector<RemovalReceipt> receipts);
 
-    const Environment& environment_;
+    const Cleaner cleaner_;
     const Handlers handlers_;
     RecordModel<ReviewRow> rows_;
-    std::vector<ReviewItem> reviewItems_;
+    std::vector<FileURL> roots_;
+    bool allowProtected_ = false;
+    /// What a removal that broke off without a word is reported with.
+    FileURL firstItem_;
     std::vector<RemovalReceipt> receipts_;
-    Job<Nothing, std::vector<QString>> checking_;
+    Job<Nothing, Troubles> checking_;
     Job<Nothing, Removed> removing_;
     Job<Nothing, std::vector<RemovalError>> restoring_;
 };

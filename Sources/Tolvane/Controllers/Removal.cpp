@@ -1,0 +1,242 @@
+#include <HostKit/Text.h>
+#include <Services/ByteFormat.h>
+#include <Services/CountFormat.h>
+
+#include <Controllers/Removal.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace tolvane {
+namespace {
+
+QString shown(const std::string& bytes) {
+    return QString::fromStdString(displayText(bytes));
+}
+
+std::vector<RecordModel<ReviewRow>::Role> roles() {
+    return {
+        {"name", [](const ReviewRow& row) { return shown(row.item.name); }},
+        {"pathText", [](const ReviewRow& row) { return shown(row.item.url.path()); }},
+        {"sizeText", [](const ReviewRow& row) { return shown(ByteFormat::text(row.item.size)); }},
+        {"isDirectory", [](const ReviewRow& row) { return row.item.isDirectory; }},
+        {"iconName",
+         [](const ReviewRow& row) {
+             return QString(row.item.isDirectory ? "folder" : "text-x-generic");
+         }},
+        {"trouble", [](const ReviewRow& row) { return row.trouble; }}};
+}
+
+/// Ids may be paths, whose bytes must not become alike.
+QString key(const ReviewRow& row) {
+    return QString::fromLatin1(row.item.id);
+}
+
+bool isTroubled(const ReviewRow& row) {
+    return !row.trouble.isEmpty();
+}
+
+Cleaner cleanerOf(const Environment& environment) {
+    return Cleaner(ProtectionPolicy(environment.layout.protection),
+                   environment.layout.locations.home, environment.files, environment.trash);
+}
+
+bool isNothing(const std::vector<Removal::Step>& steps) {
+    return std::all_of(steps.begin(), steps.end(),
+                       [](const Removal::Step& step) { return step.items.empty(); });
+}
+
+Result<std::vector<RemovalReceipt>, RemovalError> moveAll(const Cleaner& cleaner,
+                                                          const std::vector<Removal::Step>& steps) {
+    std::vector<RemovalReceipt> receipts;
+    for (const Removal::Step& step : steps) {
+        auto moved = cleaner.moveToTrash(step.items, step.roots, step.allowProtected);
+        if (!moved) {
+            return tl::unexpected(std::move(moved.error()));
+        }
+        receipts.insert(receipts.end(), moved->begin(), moved->end());
+    }
+    return receipts;
+}
+
+}
+
+Removal::Removal(const Environment& environment, Handlers handlers)
+    : cleaner_(cleanerOf(environment))
+    , handlers_(std::move(handlers))
+    , rows_(roles(), key)
+    , checking_(environment.workers, 0, {}, [this](const Troubles& found) { showTroubles(found); },
+                // Nothing is known then of what is in the way; the removal itself will tell.
+                {})
+    , removing_(
+          environment.workers, 0, {},
+          [this](Removed outcome) { finishRemoval(std::move(outcome)); },
+          [this](const std::string& reason) {
+              finishRemoval(tl::unexpected(RemovalError::trashFailed(firstItem_.path(), reason)));
+          })
+    , restoring_(
+          environment.workers, 0, {},
+          [this](const std::vector<RemovalError>& failed) {
+              const std::size_t restored = receipts_.size() - failed.size();
+              setReceipts({});
+              finishUndo(restored, failed);
+          },
+          [this](const std::string& reason) {
+              std::vector<RemovalError> failed;
+              for (const RemovalReceipt& receipt : receipts_) {
+                  failed.push_back(RemovalError::restoreFailed(receipt.original.path(), reason));
+              }
+              finishUndo(0, failed);
+          }) {}
+
+void Removal::review(std::vector<ReviewItem> items, std::vector<FileURL> roots,
+                     bool allowProtected) {
+    if (isRemoving_) {
+        return;
+    }
+    roots_ = std::move(roots);
+    allowProtected_ = allowProtected;
+    std::vector<ReviewRow> rows;
+    rows.reserve(items.size());
+    for (ReviewItem& item : items) {
+        rows.push_back({std::move(item), {}});
+    }
+    rows_.reset({});
+    show(std::move(rows));
+    showReview_ = true;
+    check(std::nullopt);
+}
+
+std::vector<ReviewItem> Removal::reviewItems() const {
+    std::vector<ReviewItem> items;
+    items.reserve(rows_.records().size());
+    for (const ReviewRow& row : rows_.records()) {
+        items.push_back(row.item);
+    }
+    return items;
+}
+
+Bytes Removal::reviewedSize() const {
+    Bytes size = 0;
+    for (const ReviewRow& row : rows_.records()) {
+        add(size, row.item.size);
+    }
+    return size;
+}
+
+void Removal::check(const std::optional<RemovalError>& failure) {
+    checking_.start([cleaner = cleaner_, items = reviewItems(), roots = roots_,
+                     allowProtected = allowProtected_,
+                     failure](const auto&, const std::function<bool()>& isCancelled) {
+        Troubles troubles;
+        for (const ReviewItem& item : items) {
+            if (isCancelled()) {
+                break;
+            }
+            if (const auto valid = cleaner.validate({item.url}, roots, allowProtected); !valid) {
+                troubles[item.id] = valid.error().description();
+            } else if (failure && valid->front().path() == failure->path) {
+                troubles[item.id] = failure->description();
+            }
+        }
+        return troubles;
+    });
+}
+
+void Removal::showTroubles(const Troubles& troubles) {
+    std::vector<ReviewRow> rows = rows_.records();
+    for (ReviewRow& row : rows) {
+        const auto found = troubles.find(row.item.id);
+        row.trouble = found == troubles.end() ? QString() : shown(found->second);
+    }
+    show(std::move(rows));
+}
+
+void Removal::show(std::vector<ReviewRow> rows) {
+    troubledCount_ = static_cast<int>(std::count_if(rows.begin(), rows.end(), isTroubled));
+    rows_.update(std::move(rows));
+    countText_ = shown(CountFormat::counted(rows_.rowCount(), "item"));
+    totalText_ = shown(ByteFormat::text(reviewedSize()));
+}
+
+void Removal::remove(std::vector<Step> steps) {
+    if (isRemoving_ || isNothing(steps)) {
+        return;
+    }
+    for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
+        firstItem_ = step->items.empty() ? firstItem_ : step->items.front();
+    }
+    checking_.discard();
+    isRemoving_ = true;
+    removing_.start([cleaner = cleaner_, steps = std::move(steps)](const auto&, const auto&) {
+        return moveAll(cleaner, steps);
+    });
+}
+
+void Removal::finishRemoval(Removed outcome) {
+    const Handlers handlers = handlers_;
+    isRemoving_ = false;
+    if (!outcome) {
+        check(outcome.error());
+        handlers.onFailed(outcome.error());
+        return;
+    }
+    setReceipts(*outcome);
+    endReview();
+    handlers.onRemoved(*outcome);
+}
+
+void Removal::undo() {
+    if (isRemoving_ || receipts_.empty()) {
+        return;
+    }
+    isRemoving_ = true;
+    restoring_.start([cleaner = cleaner_, receipts = receipts_](const auto&, const auto&) {
+        return cleaner.restore(receipts);
+    });
+}
+
+void Removal::finishUndo(std::size_t restored, const std::vector<RemovalError>& failed) {
+    const Handlers handlers = handlers_;
+    isRemoving_ = false;
+    handlers.onRestored(restored, failed);
+}
+
+void Removal::setReceipts(std::vector<RemovalReceipt> receipts) {
+    receipts_ = std::move(receipts);
+    canUndo_ = !receipts_.empty();
+}
+
+void Removal::closeReview() {
+    if (!isRemoving_) {
+        endReview();
+    }
+}
+
+void Removal::endReview() {
+    checking_.discard();
+    showReview_ = false;
+    show({});
+}
+
+void Removal::leaveOut(int row) {
+    std::vector<ReviewRow> rows = rows_.records();
+    if (isRemoving_ || row < 0 || row >= static_cast<int>(rows.size())) {
+        return;
+    }
+    rows.erase(rows.begin() + row);
+    show(std::move(rows));
+    showReview_ = showReview_ && rows_.rowCount() > 0;
+}
+
+void Removal::leaveOutTroubled() {
+    if (isRemoving_) {
+        return;
+    }
+    std::vector<ReviewRow> rows = rows_.records();
+    rows.erase(std::remove_if(rows.begin(), rows.end(), isTroubled), rows.end());
+    show(std::move(rows));
+    showReview_ = showReview_ && rows_.rowCount() > 0;
+}
+
+}
