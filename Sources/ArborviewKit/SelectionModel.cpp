@@ -76,6 +76,14 @@ std::vector<FileNode> SelectionModel::topLevel() const {
     return nodes;
 }
 
+std::size_t SelectionModel::topLevelCount() const {
+    std::size_t count = 0;
+    for (std::size_t next = ticked_.nextSet(0); next < ticked_.count(); ++count) {
+        next = ticked_.nextSet(index().end(static_cast<Position>(next)));
+    }
+    return count;
+}
+
 void SelectionModel::setSubtree(Position position, bool isTicked) {
     const Position end = index().end(position);
     selectedSize_ = difference(selectedSize_, tickedSize(position));

@@ -43,6 +43,8 @@ class SelectionModel {
     std::vector<Identifier> selectedIDs() const;
     /// The selected items without those inside others, in the order of the tree.
     std::vector<FileNode> topLevel() const;
+    /// How many those are.
+    std::size_t topLevelCount() const;
 
   private:
     using Position = TreeIndex::Position;

@@ -4,7 +4,9 @@
 #include <boost/uuid/uuid.hpp>
 #include <boost/uuid/uuid_hash.hpp>
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace tolvane {
 
@@ -26,5 +28,7 @@ Identifier freshIdentifier();
 
 /// The usual text form: 36 characters, lower case.
 std::string text(const Identifier& identifier);
+/// The identifier that this text form stands for; absent for any other text.
+std::optional<Identifier> identifier(std::string_view text);
 
 }
