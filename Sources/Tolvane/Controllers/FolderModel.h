@@ -56,8 +56,9 @@ class FolderModel final : public ListModel {
     /// `selection` must outlive this and hold the tree of the folders shown.
     explicit FolderModel(const SelectionModel& selection);
 
-    /// Another folder, or the same one after a scan: views start at its top.
-    void show(const FileNode& folder);
+    /// Another folder, or the same one after a scan: views start at its top. The folder is the last
+    /// of `path`, before it those it lies in. The filter is taken off when it is another one.
+    void show(const std::vector<FileNode>& path);
     void clear();
     /// Ticks may have changed; the rows stay.
     void refreshTicks();
@@ -75,6 +76,35 @@ class FolderModel final : public ListModel {
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
+
+  private:
+    struct Row {
+        std::uint32_t child = 0;
+        Bytes size = 0;
+        /// Everything below a folder.
+        std::int64_t items = 0;
+    };
+
+    const FileNode& node(const Row& row) const { return children()[row.child]; }
+    const std::vector<FileNode>& children() const;
+    void measure();
+    void arrange();
+    void sort();
+    void publishHidden();
+    bool isWithinTicked() const;
+    Ui::Tick tick(const FileNode& node) const;
+    double share(Bytes size) const;
+    QString accessibleText(const Row& row) const;
+    QVariant value(const Row& row, int role) const;
+
+    const SelectionModel& selection_;
+    std::vector<FileNode> path_;
+    Bytes total_ = 0;
+    /// Of every child.
+    std::vector<Row> all_;
+    /// Those on screen, in their order.
+    std::vector<Row> rows_;
+    bool isWithinTicked_ = false;
 };
 
 }

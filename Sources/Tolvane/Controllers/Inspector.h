@@ -1,9 +1,7 @@
 #pragma once
 
 #include <ScanKit/FileNode.h>
-#include <Services/Job.h>
 
-#include <Controllers/Environment.h>
 #include <Controllers/Published.h>
 #include <Controllers/RecordModel.h>
 
@@ -30,7 +28,7 @@ class Inspector : public QObject {
     Q_PROPERTY(tolvane::ListModel* details READ details CONSTANT)
 
   public:
-    explicit Inspector(const Environment& environment);
+    Inspector();
 
     const std::optional<FileNode>& item() const { return item_; }
     void show(const FileNode& node);

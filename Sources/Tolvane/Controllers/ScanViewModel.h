@@ -9,7 +9,9 @@
 #include <Services/QuickLocation.h>
 
 #include <Controllers/Activity.h>
+#include <Controllers/DiskScan.h>
 #include <Controllers/Environment.h>
+#include <Controllers/FailureFolder.h>
 #include <Controllers/FolderCache.h>
 #include <Controllers/FolderModel.h>
 #include <Controllers/Inspector.h>
@@ -22,18 +24,13 @@
 #include <QList>
 #include <QString>
 #include <QUrl>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace tolvane {
-
-/// A folder in which something could not be read, and how many things.
-struct FailureFolder {
-    FileURL folder;
-    std::int64_t count = 0;
-};
 
 /// The controller of the size map: scans a folder or volume, moves about in the tree, loads folders
 /// in detail, keeps what is ticked, moves it to the Trash and back. For the main thread.
@@ -71,6 +68,8 @@ class ScanViewModel : public QObject {
     PUBLISHED(ScanViewModel, QString, purgeableText)
     /// What lies below the scanned folder and is in no total.
     PUBLISHED(ScanViewModel, QString, notCountedText)
+    /// Why the folder on screen shows nothing; empty when it shows something.
+    PUBLISHED(ScanViewModel, QString, emptyText)
     /// Why nothing of this scan can be removed; empty when it can.
     PUBLISHED(ScanViewModel, QString, lockedText)
     PUBLISHED(ScanViewModel, bool, isFullDiskAccessGranted)
@@ -92,7 +91,18 @@ class ScanViewModel : public QObject {
     Q_PROPERTY(tolvane::ListModel* purgeable READ purgeable CONSTANT)
 
   public:
-    static constexpr std::size_t automaticDetailLimit = 60'000;
+    ListModel* crumbs() { return &crumbs_; }
+    FolderModel* folder() { return &folder_; }
+    Inspector* inspector() { return &inspector_; }
+    Activity* activity() { return &activity_; }
+    Removal* removal() { return &removal_; }
+    ListModel* quickPlaces() { return &quickPlaces_; }
+    ListModel* failureFolders() { return &failureFolders_; }
+    ListModel* purgeable() { return &purgeable_; }
+
+    /// Scans of up to so many files are loaded in detail at once when something has no row.
+    static constexpr std::int64_t automaticDetailLimit = 60'000;
+    static constexpr std::size_t purgeableLimit = 500;
 
     explicit ScanViewModel(const Environment& environment);
     ~ScanViewModel() override;
@@ -100,16 +110,16 @@ class ScanViewModel : public QObject {
     // Fields
 
     /// The folders from the scanned one to the one on screen; empty before the first result.
-    const std::vector<FileNode>& path() const;
-    const std::optional<ScanProgress>& progress() const;
-    const std::optional<ScanProgress>& folderProgress() const;
-    const std::vector<ScanFailure>& failures() const;
-    const FullDiskAccessStatus& fda() const;
-    const std::optional<FileURL>& scannedURL() const;
-    Bytes selectedSize() const;
-    const std::optional<FileNode>& inspected() const;
-    std::optional<Date> scanStartedAt() const;
-    std::optional<Date> folderStartedAt() const;
+    const std::vector<FileNode>& path() const { return path_; }
+    const std::optional<ScanProgress>& progress() const { return progress_; }
+    const std::optional<ScanProgress>& folderProgress() const { return folderProgress_; }
+    const std::vector<ScanFailure>& failures() const { return failures_; }
+    const FullDiskAccessStatus& fda() const { return fda_; }
+    const std::optional<FileURL>& scannedURL() const { return scannedURL_; }
+    Bytes selectedSize() const { return selection_.selectedSize(); }
+    const std::optional<FileNode>& inspected() const { return inspected_; }
+    std::optional<Date> scanStartedAt() const { return scanStartedAt_; }
+    std::optional<Date> folderStartedAt() const { return folderStartedAt_; }
 
     // Scanning
 
@@ -190,10 +200,71 @@ class ScanViewModel : public QObject {
     std::vector<TreemapEntry> treemapEntries() const;
 
   Q_SIGNALS:
+    void pathChanged();
     void treemapChanged();
 
   private:
+    void apply(DiskScan::Result result);
+    void abandonScan(const std::string& reason);
+    void clearResult();
+    void applyFolder(const DiskScan::FolderResult& result);
+    void abandonFolder(const std::string& reason);
+    void clearLoading();
+    /// Shows another tree in the place of the current one: the path, the ticks and what is
+    /// inspected are carried over.
+    void replaceTree(std::shared_ptr<const ScannedTree> tree);
+    /// Drops the replaced tree on a worker: that takes a while for a large one.
+    void retire();
+
+    void navigate(std::vector<FileNode> path);
+    void push(const FileNode& node);
+    void enterParent(const FileNode& node);
+    bool isGuarded() const;
+    const FileNode* find(const QString& nodeID) const;
+    void inspectNode(std::optional<FileNode> node);
+    void selectionChanged();
+
+    void removed(const std::vector<RemovalReceipt>& receipts);
+    void removalFailed(const RemovalError& error);
+    void restored(std::size_t restored, const std::vector<RemovalError>& failed);
+
+    Seconds activeElapsed() const;
+    Activity::State activityState() const;
+    void publishStage();
+    void publishFDA();
+    void publishFolder();
+    void publishScanned(const DiskScan::Result& result);
+    void log(const std::string& message) const;
+
+    const Environment& environment_;
+    ScanStatistics statistics_;
     SelectionModel selection_;
+    FolderModel folder_;
+    Inspector inspector_;
+    Activity activity_;
+    Removal removal_;
+    RecordModel<FileNode> crumbs_;
+    RecordModel<QuickLocation> quickPlaces_;
+    RecordModel<FailureFolder> failureFolders_;
+    RecordModel<FileNode> purgeable_;
+
+    std::shared_ptr<const ScannedTree> tree_;
+    std::shared_ptr<const ScannedTree> retired_;
+    std::vector<FileNode> path_;
+    std::optional<ScanProgress> progress_;
+    std::optional<ScanProgress> folderProgress_;
+    std::vector<ScanFailure> failures_;
+    std::vector<std::string> excludedPrefixes_;
+    FullDiskAccessStatus fda_;
+    std::optional<FileURL> scannedURL_;
+    std::optional<FileNode> inspected_;
+    std::optional<Date> scanStartedAt_;
+    std::optional<Date> folderStartedAt_;
+    std::optional<ScanStatistics::Expected> expected_;
+    FolderCache folderCache_;
+    Date navigationGuardUntil_ = std::numeric_limits<Date>::lowest();
+    Job<ScanProgress, DiskScan::Result> scanJob_;
+    Job<ScanProgress, DiskScan::FolderResult> folderJob_;
 };
 
 }

@@ -1,0 +1,74 @@
+#include <Services/ByteFormat.h>
+#include <Services/CountFormat.h>
+
+#include <Controllers/Inspector.h>
+#include <Controllers/ItemText.h>
+#include <Controllers/ShownText.h>
+
+namespace tolvane {
+namespace {
+
+QString sizeText(Bytes size) {
+    return QStringLiteral("%1 (%2)").arg(shownText(ByteFormat::text(size)),
+                                         shownText(CountFormat::counted(size, "byte")));
+}
+
+QString countText(std::int64_t files, std::int64_t folders) {
+    return shownText(CountFormat::counted(files, "file") + ", " +
+                     CountFormat::counted(folders, "folder"));
+}
+
+std::vector<Detail> detailsOf(const FileNode& node) {
+    const NodeTotals all = totals(node);
+    std::vector<Detail> details{
+        {QStringLiteral("Kind"), kindText(node.kind())},
+        {QStringLiteral("On disk"), sizeText(all.totalAllocatedSize)},
+        {QStringLiteral("Content"), sizeText(all.totalLogicalSize)},
+    };
+    if (node.isDirectory()) {
+        details.push_back(
+            {QStringLiteral("Contains"), countText(all.fileCount, all.directoryCount - 1)});
+    }
+    if (all.notListedFileCount() > 0 || all.notListedDirectoryCount() > 0) {
+        details.push_back({QStringLiteral("Without a row"),
+                           countText(all.notListedFileCount(), all.notListedDirectoryCount())});
+    }
+    if (all.totalPurgeableSize > 0) {
+        details.push_back({QStringLiteral("Purgeable"), sizeText(all.totalPurgeableSize)});
+    }
+    if (node.modified()) {
+        details.push_back({QStringLiteral("Modified"), dateText(node.modified())});
+    }
+    return details;
+}
+
+}
+
+Inspector::Inspector()
+    : details_({{"label", [](const Detail& detail) { return detail.label; }},
+                {"value", [](const Detail& detail) { return detail.value; }}},
+               [](const Detail& detail) { return detail.label; }) {}
+
+void Inspector::show(const FileNode& node) {
+    item_ = node;
+    hasItem_ = true;
+    nodeID_ = QString::fromStdString(text(node.id()));
+    name_ = shownText(node.name());
+    iconName_ = tolvane::iconName(node.kind());
+    pathText_ = shownPath(node.url());
+    isDirectory_ = node.isDirectory();
+    details_.update(detailsOf(node));
+}
+
+void Inspector::clear() {
+    item_.reset();
+    hasItem_ = false;
+    nodeID_ = QString();
+    name_ = QString();
+    iconName_ = QString();
+    pathText_ = QString();
+    isDirectory_ = false;
+    details_.reset({});
+}
+
+}

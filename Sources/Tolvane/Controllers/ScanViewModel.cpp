@@ -1,0 +1,697 @@
+#include <HostKit/Text.h>
+
+#include <Controllers/PurgeableFiles.h>
+#include <Controllers/ScanEstimate.h>
+#include <Controllers/ScanRoles.h>
+#include <Controllers/ScanTexts.h>
+#include <Controllers/ScanViewModel.h>
+#include <Controllers/ShownText.h>
+#include <fmt/format.h>
+
+#include <QPointer>
+#include <algorithm>
+#include <utility>
+
+namespace tolvane {
+namespace {
+
+constexpr Seconds scanReportInterval = 0.1;
+constexpr Seconds folderReportInterval = 0.12;
+constexpr Seconds navigationGuard = 0.5;
+const QString lastScanPathKey = QStringLiteral("lastScanPath");
+const QString viewKey = QStringLiteral("spaceAnalysisView");
+const QString gridView = QStringLiteral("grid");
+const QString listView = QStringLiteral("list");
+const QString rescanOrigin = QStringLiteral("rescan");
+
+std::string totalsForLog(const NodeTotals& totals, std::size_t failures) {
+    return fmt::format("files={} listedFiles={} dirs={} errors={}", totals.fileCount,
+                       totals.listedFileCount, totals.directoryCount, failures);
+}
+
+}
+
+ScanViewModel::ScanViewModel(const Environment& environment)
+    : environment_(environment)
+    , statistics_(environment.defaults)
+    , folder_(selection_)
+    , activity_([this] { return activityState(); })
+    , removal_(environment,
+               {.onRemoved = [this](const auto& receipts) { removed(receipts); },
+                .onFailed = [this](const RemovalError& error) { removalFailed(error); },
+                .onRestored = [this](std::size_t count,
+                                     const auto& failed) { restored(count, failed); }})
+    , crumbs_(ScanRoles::crumb(), ScanRoles::nodeID)
+    , quickPlaces_(ScanRoles::quickPlace(environment.files),
+                   [](const QuickLocation& place) { return shownText(text(place.id)); })
+    , failureFolders_(ScanRoles::failureFolder(),
+                      [](const FailureFolder& folder) { return shownText(folder.folder.path()); })
+    , purgeable_(ScanRoles::purgeableFile(), ScanRoles::nodeID)
+    , scanJob_(
+          environment.workers, scanReportInterval,
+          [this](const ScanProgress& progress) {
+              progress_ = progress;
+              activity_.refresh();
+          },
+          [this](DiskScan::Result result) { apply(std::move(result)); },
+          [this](const std::string& reason) { abandonScan(reason); })
+    , folderJob_(
+          environment.workers, folderReportInterval,
+          [this](const ScanProgress& progress) {
+              folderProgress_ = progress;
+              activity_.refresh();
+          },
+          [this](const DiskScan::FolderResult& result) { applyFolder(result); },
+          [this](const std::string& reason) { abandonFolder(reason); }) {
+    quickPlaces_.reset(quickLocations(environment.layout));
+    const std::optional<FileURL> last = environment.defaults.path(lastScanPathKey);
+    lastScanPath_ = last ? shownPath(*last) : QString();
+    const std::optional<QString> view = environment.defaults.text(viewKey);
+    spaceAnalysisView_ = view == listView ? listView : gridView;
+    fda_ = FullDiskAccess::status(environment.layout.access, *environment.files);
+    publishFDA();
+}
+
+ScanViewModel::~ScanViewModel() = default;
+
+// Scanning
+
+void ScanViewModel::scan(const FileURL& url, const QString& origin) {
+    cancel();
+    clearResult();
+    if (origin != rescanOrigin) {
+        banner_ = QString();
+    }
+    scannedURL_ = url;
+    scannedPath_ = shownPath(url);
+    scannedName_ = ScanTexts::name(url);
+    lockedText_ = ScanTexts::locked(url);
+    isScanning_ = true;
+    scanStartedAt_ = environment_.clock();
+    expected_ = statistics_.expected(url);
+    fda_ = FullDiskAccess::status(environment_.layout.access, *environment_.files);
+    publishFDA();
+    environment_.defaults.setPath(lastScanPathKey, url);
+    lastScanPath_ = shownPath(url);
+    log("scan start path=" + url.path() + " origin=" + origin.toStdString());
+    scanJob_.start(
+        [layout = environment_.layout, files = environment_.files,
+         url](const Report<ScanProgress>& report, const std::function<bool()>& isCancelled) {
+            return DiskScan::scan(layout, files, url, report, isCancelled);
+        });
+    publishStage();
+}
+
+void ScanViewModel::cancel() {
+    if (isScanning_) {
+        log("scan cancel requested");
+        scanJob_.cancel();
+    }
+    isScanning_ = false;
+    publishStage();
+}
+
+void ScanViewModel::apply(DiskScan::Result result) {
+    tree_ = std::move(result.tree);
+    const FileNode& root = tree_->root();
+    failures_ = std::move(result.failures);
+    excludedPrefixes_ = std::move(result.excludedPrefixes);
+    elapsed_ = result.seconds;
+    isPartial_ = result.isCancelled;
+    isScanning_ = false;
+    progress_.reset();
+    statistics_.save(root.url(), {result.totals.fileCount, result.totals.totalAllocatedSize});
+    selection_.load(tree_);
+    folderCache_.clear();
+    folderJob_.discard();
+    clearLoading();
+    publishScanned(result);
+    navigate({root});
+    selectionChanged();
+    log(fmt::format("scan done path={} total={} children={} {} seconds={:.2f} cancelled={}",
+                    root.url().path(), result.totals.totalAllocatedSize, root.children().size(),
+                    totalsForLog(result.totals, failures_.size()), result.seconds,
+                    result.isCancelled));
+    if (!result.isCancelled && result.totals.notListedFileCount() >= 1 &&
+        result.totals.fileCount <= automaticDetailLimit) {
+        loadFolder(root);
+    }
+    publishStage();
+}
+
+void ScanViewModel::abandonScan(const std::string& reason) {
+    isScanning_ = false;
+    progress_.reset();
+    banner_ = QStringLiteral("The scan failed: ") + shownText(reason);
+    log("scan failed: " + reason);
+    publishStage();
+}
+
+void ScanViewModel::scanAgain() {
+    if (scannedURL_) {
+        scan(FileURL(*scannedURL_), QStringLiteral("scan again"));
+    }
+}
+
+void ScanViewModel::scanLast() {
+    if (const std::optional<FileURL> last = environment_.defaults.path(lastScanPathKey)) {
+        scan(*last, QStringLiteral("last scan"));
+    }
+}
+
+void ScanViewModel::scanQuickPlace(int row) {
+    const std::vector<QuickLocation>& places = quickPlaces_.records();
+    if (row >= 0 && static_cast<std::size_t>(row) < places.size()) {
+        scan(places[static_cast<std::size_t>(row)].url, QStringLiteral("quick location"));
+    }
+}
+
+void ScanViewModel::scanFolderOnScreen() {
+    if (!path_.empty()) {
+        scan(path_.back().url(), QStringLiteral("folder on screen"));
+    }
+}
+
+void ScanViewModel::chooseFolder() {
+    const FileURL start = scannedURL_.value_or(environment_.layout.locations.home);
+    environment_.workspace.chooseFolder(QStringLiteral("Choose a folder to measure"), start,
+                                        [self = QPointer(this)](const FileURL& chosen) {
+                                            if (self) {
+                                                self->scan(chosen,
+                                                           QStringLiteral("folder chooser"));
+                                            }
+                                        });
+}
+
+void ScanViewModel::scanDropped(const QList<QUrl>& urls) {
+    for (const QUrl& url : urls) {
+        const std::optional<FileURL> place = fileURL(url);
+        if (place && environment_.files->targetType(*place) == FileType::directory) {
+            return scan(*place, QStringLiteral("drop"));
+        }
+    }
+    banner_ = QStringLiteral("Only folders of this computer can be measured.");
+}
+
+void ScanViewModel::cancelActivity() {
+    if (isLoadingFolder_) {
+        cancelFolderLoad();
+    } else if (isScanning_) {
+        cancel();
+    } else {
+        // The scan was asked to stop and has not come back: something below it hangs.
+        scanJob_.discard();
+        publishStage();
+    }
+}
+
+// Navigation
+
+void ScanViewModel::drill(const FileNode& node) {
+    if (!node.isDirectory() || isGuarded()) {
+        return;
+    }
+    navigationGuardUntil_ = environment_.clock() + navigationGuard;
+    push(node);
+}
+
+void ScanViewModel::loadContents(const FileNode& node) {
+    if (!node.isDirectory()) {
+        return;
+    }
+    folderCache_.touch(node.url());
+    if (!path_.empty() && path_.back().url() == node.url()) {
+        if (!folderCache_.find(node.url())) {
+            loadFolder(node);
+        }
+        return;
+    }
+    push(node);
+}
+
+void ScanViewModel::push(const FileNode& node) {
+    const NodeTotals all = totals(node);
+    const std::int64_t notListed = all.notListedFileCount();
+    log(fmt::format("drill path={} total={} children={} hiddenFiles={} notListed={}",
+                    node.url().path(), all.totalAllocatedSize, node.children().size(),
+                    node.hiddenFiles(), notListed));
+    const std::optional<FileNode> cached = folderCache_.find(node.url());
+    std::vector<FileNode> path = path_;
+    path.push_back(cached.value_or(node));
+    selection_.clear();
+    navigate(std::move(path));
+    selectionChanged();
+    const bool hasContents = !node.children().empty() || all.totalAllocatedSize <= 0;
+    if (!cached && (notListed >= 1 || node.truncated() || !hasContents)) {
+        loadFolder(node);
+    }
+}
+
+void ScanViewModel::goBack() {
+    if (path_.size() >= 2) {
+        jump(static_cast<int>(path_.size()) - 2);
+    }
+}
+
+void ScanViewModel::jump(int index) {
+    if (index < 0 || static_cast<std::size_t>(index) >= path_.size()) {
+        return;
+    }
+    std::vector<FileNode> path = path_;
+    path.erase(path.begin() + index + 1, path.end());
+    navigate(std::move(path));
+}
+
+void ScanViewModel::navigate(std::vector<FileNode> path) {
+    path_ = std::move(path);
+    crumbs_.update(path_);
+    folder_.show(path_);
+    canGoBack_ = path_.size() >= 2;
+    inspectNode(std::nullopt);
+    publishFolder();
+    Q_EMIT pathChanged();
+}
+
+bool ScanViewModel::isGuarded() const {
+    return environment_.clock() < navigationGuardUntil_;
+}
+
+// Folder loads
+
+void ScanViewModel::loadFolder(const FileNode& node) {
+    folderJob_.discard();
+    isLoadingFolder_ = true;
+    loadingFolderName_ = shownText(node.name());
+    loadingPath_ = shownPath(node.url());
+    folderProgress_.reset();
+    folderStartedAt_ = environment_.clock();
+    expected_ = statistics_.expected(node.url());
+    log("folder load start path=" + node.url().path());
+    folderJob_.start([files = environment_.files, tree = tree_, node,
+                      excluded = excludedPrefixes_](const Report<ScanProgress>& report,
+                                                    const std::function<bool()>& isCancelled) {
+        return DiskScan::load(files, tree, node, excluded, report, isCancelled);
+    });
+    activity_.setRunning(true);
+}
+
+void ScanViewModel::applyFolder(const DiskScan::FolderResult& result) {
+    clearLoading();
+    const auto failures = static_cast<std::int64_t>(result.failures.size());
+    replaceTree(result.tree);
+    purgeableText_ = ScanTexts::purgeable(result.treeTotals);
+    const FileNode* folder = tree_->find(result.folder);
+    if (folder != nullptr) {
+        folderCache_.insert(*tree_, *folder);
+    }
+    if (failures > 0) {
+        banner_ =
+            QString::number(failures) + QStringLiteral(" item(s) could not be read in this folder");
+    }
+    log(fmt::format("folder load done path={} total={} {}", result.folder.path(),
+                    result.totals.totalAllocatedSize,
+                    totalsForLog(result.totals, result.failures.size())));
+}
+
+void ScanViewModel::abandonFolder(const std::string& reason) {
+    clearLoading();
+    banner_ = QStringLiteral("The folder could not be loaded: ") + shownText(reason);
+    log("folder load failed: " + reason);
+}
+
+void ScanViewModel::cancelFolderLoad() {
+    if (!isLoadingFolder_) {
+        return;
+    }
+    folderJob_.discard();
+    clearLoading();
+    log("folder load cancelled");
+}
+
+void ScanViewModel::clearLoading() {
+    isLoadingFolder_ = false;
+    loadingFolderName_ = QString();
+    loadingPath_ = QString();
+    folderProgress_.reset();
+    folderStartedAt_.reset();
+    activity_.setRunning(scanJob_.isRunning());
+}
+
+void ScanViewModel::rescanInDetail() {
+    if (!path_.empty() && !isLoadingFolder_) {
+        loadFolder(FileNode(path_.back()));
+    }
+}
+
+void ScanViewModel::replaceTree(std::shared_ptr<const ScannedTree> tree) {
+    const std::vector<FileNode> ticked = selection_.topLevel();
+    const auto inspected = inspected_ ? std::vector{*inspected_} : std::vector<FileNode>();
+    retired_ = std::exchange(tree_, std::move(tree));
+    selection_.load(tree_);
+    for (const FileNode* node : tree_->counterparts(ticked)) {
+        if (node != nullptr && !selection_.isSelected(node->id())) {
+            selection_.toggle(node->id());
+        }
+    }
+    std::vector<FileNode> path;
+    for (const FileNode* node : tree_->counterparts(path_)) {
+        if (node == nullptr) {
+            break;
+        }
+        path.push_back(*node);
+    }
+    navigate(std::move(path));
+    for (const FileNode* node : tree_->counterparts(inspected)) {
+        inspectNode(node != nullptr ? std::optional(*node) : std::nullopt);
+    }
+    selectionChanged();
+    retire();
+}
+
+void ScanViewModel::clearResult() {
+    folderJob_.discard();
+    clearLoading();
+    selection_.load(std::shared_ptr<const ScannedTree>());
+    folderCache_.clear();
+    failures_.clear();
+    progress_.reset();
+    retired_ = std::exchange(tree_, nullptr);
+    navigate({});
+    selectionChanged();
+    failuresText_ = QString();
+    purgeableText_ = QString();
+    notCountedText_ = QString();
+    elapsedText_ = QString();
+    isPartial_ = false;
+    showFailures_ = false;
+    showPurgeable_ = false;
+    failureFolders_.reset({});
+    purgeable_.reset({});
+    retire();
+}
+
+void ScanViewModel::retire() {
+    if (retired_) {
+        environment_.workers.run(
+            [tree = std::exchange(retired_, nullptr)]() mutable { tree.reset(); });
+    }
+}
+
+// Items
+
+const FileNode* ScanViewModel::find(const QString& nodeID) const {
+    const std::optional<Identifier> id = identifier(nodeID.toStdString());
+    return id && tree_ ? tree_->find(*id) : nullptr;
+}
+
+void ScanViewModel::open(const QString& nodeID) {
+    const FileNode* node = find(nodeID);
+    if (node == nullptr) {
+        return;
+    }
+    if (!node->isDirectory()) {
+        environment_.workspace.open(node->url());
+    } else if (!isGuarded()) {
+        const FileNode folder = *node;
+        enterParent(folder);
+        drill(folder);
+    }
+}
+
+void ScanViewModel::enterParent(const FileNode& node) {
+    const TreeIndex& index = tree_->index();
+    const std::optional<TreeIndex::Position> position = index.find(node.id());
+    std::vector<FileNode> path;
+    for (TreeIndex::Position place = index.parent(*position); place != TreeIndex::nowhere;
+         place = index.parent(place)) {
+        path.push_back(index.node(place));
+    }
+    std::reverse(path.begin(), path.end());
+    if (!path.empty() && path.back().id() != path_.back().id()) {
+        navigate(std::move(path));
+    }
+}
+
+void ScanViewModel::inspect(const QString& nodeID) {
+    if (const FileNode* node = find(nodeID)) {
+        inspectNode(*node);
+    }
+}
+
+void ScanViewModel::inspectNode(std::optional<FileNode> node) {
+    inspected_ = std::move(node);
+    if (inspected_) {
+        inspector_.show(*inspected_);
+    } else if (!path_.empty()) {
+        inspector_.show(path_.back());
+    } else {
+        inspector_.clear();
+    }
+    Q_EMIT treemapChanged();
+}
+
+void ScanViewModel::reveal(const QString& nodeID) {
+    if (const FileNode* node = find(nodeID)) {
+        environment_.workspace.reveal(node->url());
+    }
+}
+
+void ScanViewModel::copyPath(const QString& nodeID) {
+    if (const FileNode* node = find(nodeID)) {
+        environment_.workspace.copyText(shownText(node->url().path()));
+    }
+}
+
+std::vector<TreemapEntry> ScanViewModel::treemapEntries() const {
+    constexpr std::int64_t limit = 150;
+    if (path_.empty()) {
+        return {};
+    }
+    const bool isFolder = inspected_ && inspected_->isDirectory();
+    return tolvane::treemapEntries(isFolder ? *inspected_ : path_.back(), 1, limit);
+}
+
+// Selection
+
+void ScanViewModel::select(const QString& nodeID, bool additive) {
+    if (const FileNode* node = find(nodeID)) {
+        select(FileNode(*node), additive);
+    }
+}
+
+void ScanViewModel::select(const FileNode& node, bool additive) {
+    if (isGuarded()) {
+        return;
+    }
+    if (!additive) {
+        selection_.clear();
+    }
+    selection_.toggle(node.id());
+    selectionChanged();
+}
+
+void ScanViewModel::selectAllChildren() {
+    if (path_.empty() || isGuarded()) {
+        return;
+    }
+    for (const FileNode& child : path_.back().children()) {
+        if (selection_.state(child.id()) != SelectionState::all) {
+            selection_.toggle(child.id());
+        }
+    }
+    selectionChanged();
+}
+
+void ScanViewModel::clearSelection() {
+    selection_.clear();
+    selectionChanged();
+}
+
+std::vector<FileNode> ScanViewModel::topLevelSelected() const {
+    return selection_.topLevel();
+}
+
+void ScanViewModel::selectionChanged() {
+    const std::size_t count = selection_.topLevelCount();
+    selectedCount_ = static_cast<int>(count);
+    selectionText_ = ScanTexts::selection(count, selection_.selectedSize());
+    selectionVersion_ = selectionVersion_ + 1;
+    folder_.refreshTicks();
+}
+
+// Removal
+
+void ScanViewModel::prepareReview() {
+    if (!scannedURL_ || selectedCount_ == 0) {
+        return;
+    }
+    std::vector<ReviewItem> items;
+    for (const FileNode& node : topLevelSelected()) {
+        items.push_back(reviewItem(node));
+    }
+    removal_.review(std::move(items), {*scannedURL_}, false);
+}
+
+void ScanViewModel::removeReviewed() {
+    if (!scannedURL_) {
+        return;
+    }
+    std::vector<FileURL> items;
+    for (const ReviewItem& item : removal_.reviewItems()) {
+        items.push_back(item.url);
+    }
+    removal_.remove({{std::move(items), {*scannedURL_}, false}});
+}
+
+void ScanViewModel::removed(const std::vector<RemovalReceipt>& receipts) {
+    banner_ = ScanTexts::moved(receipts.size());
+    log(fmt::format("trash count={} bytes={} root={}", receipts.size(), removal_.reviewedSize(),
+                    scannedURL_->path()));
+    scan(FileURL(*scannedURL_), rescanOrigin);
+}
+
+void ScanViewModel::removalFailed(const RemovalError& error) {
+    banner_ = shownText(error.description());
+    log("trash failed: " + error.description());
+    if (error.kind == RemovalError::Case::trashFailed) {
+        // Items before the one that failed are in the Trash.
+        scan(FileURL(*scannedURL_), rescanOrigin);
+    }
+}
+
+void ScanViewModel::undoRemoval() {
+    removal_.undo();
+}
+
+void ScanViewModel::restored(std::size_t restored, const std::vector<RemovalError>& failed) {
+    banner_ = ScanTexts::restored(restored, failed.size());
+    log(fmt::format("undo restored={} failed={}", restored, failed.size()));
+    scan(FileURL(*scannedURL_), rescanOrigin);
+}
+
+void ScanViewModel::dismissBanner() {
+    banner_ = QString();
+}
+
+// Sheets and the rest
+
+void ScanViewModel::openFailures() {
+    failureFolders_.reset(failuresByFolder());
+    showFailures_ = true;
+}
+
+void ScanViewModel::closeFailures() {
+    showFailures_ = false;
+}
+
+void ScanViewModel::openPurgeable() {
+    purgeable_.reset(purgeableFiles(purgeableLimit));
+    showPurgeable_ = true;
+}
+
+void ScanViewModel::closePurgeable() {
+    showPurgeable_ = false;
+}
+
+std::vector<FileNode> ScanViewModel::purgeableFiles(std::size_t limit) const {
+    return tree_ ? tolvane::purgeableFiles(*tree_, limit) : std::vector<FileNode>{};
+}
+
+std::vector<FailureFolder> ScanViewModel::failuresByFolder() const {
+    return tolvane::failuresByFolder(failures_);
+}
+
+void ScanViewModel::setSpaceAnalysisView(const QString& view) {
+    if (view == gridView || view == listView) {
+        spaceAnalysisView_ = view;
+        environment_.defaults.set(viewKey, view);
+    }
+}
+
+void ScanViewModel::refreshFDA() {
+    fda_ = FullDiskAccess::status(environment_.layout.access, *environment_.files);
+    publishFDA();
+    log(fmt::format("fda status granted={} detail={}", fda_.granted, fda_.detail));
+}
+
+void ScanViewModel::openFullDiskAccessSettings() {
+    environment_.workspace.openSettingsPane(SettingsPane::fullDiskAccess);
+}
+
+void ScanViewModel::relaunch() {
+    environment_.workspace.relaunch();
+}
+
+// Derived
+
+std::optional<ScanProgress> ScanViewModel::activeProgress() const {
+    return isLoadingFolder_ ? folderProgress_ : progress_;
+}
+
+std::optional<Date> ScanViewModel::activeStartedAt() const {
+    return isLoadingFolder_ ? folderStartedAt_ : scanStartedAt_;
+}
+
+std::optional<double> ScanViewModel::activeFraction() const {
+    return ScanEstimate::fraction(expected_, activeProgress());
+}
+
+std::optional<Seconds> ScanViewModel::activeETA() const {
+    return ScanEstimate::remaining(activeFraction(), activeElapsed());
+}
+
+Seconds ScanViewModel::activeElapsed() const {
+    const std::optional<Date> start = activeStartedAt();
+    return start ? environment_.clock() - *start : 0;
+}
+
+QString ScanViewModel::activeTitle() const {
+    if (isLoadingFolder_) {
+        return QStringLiteral("Loading ") + (loadingFolderName_.value().isEmpty()
+                                                 ? QStringLiteral("folder")
+                                                 : loadingFolderName_.value());
+    }
+    return QStringLiteral("Scanning ") +
+           (scannedURL_ ? ScanTexts::name(*scannedURL_) : QStringLiteral("folder"));
+}
+
+Activity::State ScanViewModel::activityState() const {
+    const bool isStopping = !isLoadingFolder_ && !isScanning_;
+    return {.title = isStopping ? QStringLiteral("Stopping") : activeTitle(),
+            .progress = activeProgress(),
+            .elapsed = activeElapsed(),
+            .fraction = activeFraction(),
+            .remaining = activeETA()};
+}
+
+void ScanViewModel::publishStage() {
+    const bool isWorking = scanJob_.isRunning();
+    const Ui::Stage settled = path_.empty() ? Ui::Stage::Start : Ui::Stage::Result;
+    stage_ = isWorking ? Ui::Stage::Working : settled;
+    activity_.setRunning(isWorking || isLoadingFolder_);
+}
+
+void ScanViewModel::publishFDA() {
+    isFullDiskAccessGranted_ = fda_.granted;
+    fullDiskAccessText_ = shownText(fda_.guidance());
+}
+
+void ScanViewModel::publishFolder() {
+    folderText_ = path_.empty() ? QString() : ScanTexts::contents(totals(path_.back()));
+    emptyText_ = !path_.empty() && folder_.isEmpty()
+                     ? ScanTexts::whyEmpty(path_.back().url(), failures_)
+                     : QString();
+}
+
+void ScanViewModel::publishScanned(const DiskScan::Result& result) {
+    elapsedText_ = ScanTexts::elapsed(result);
+    failuresText_ = ScanTexts::failures(failures_);
+    purgeableText_ = ScanTexts::purgeable(result.totals);
+    notCountedText_ = ScanTexts::notCounted(result.notEntered);
+}
+
+void ScanViewModel::log(const std::string& message) const {
+    environment_.log.write(displayText(message));
+}
+
+}
