@@ -204,6 +204,12 @@ class ScanViewModel : public QObject {
     void treemapChanged();
 
   private:
+    /// Of a scan that follows a removal or its undoing.
+    static constexpr QLatin1StringView rescanOrigin{"rescan"};
+    static constexpr QLatin1StringView viewKey{"spaceAnalysisView"};
+    static constexpr QLatin1StringView gridView{"grid"};
+    static constexpr QLatin1StringView listView{"list"};
+
     void apply(DiskScan::Result result);
     void abandonScan(const std::string& reason);
     void clearResult();
