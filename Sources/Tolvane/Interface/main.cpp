@@ -1,3 +1,4 @@
+#include <Components/IconProvider.h>
 #include <Interface/TolvaneApp.h>
 
 #include <QGuiApplication>
@@ -14,6 +15,7 @@ int main(int argc, char** argv) {
     tolvane::TolvaneApp app;
     QQmlApplicationEngine engine;
     engine.addImportPath("qrc:/");
+    engine.addImageProvider("icon", new tolvane::IconProvider);
     engine.setInitialProperties({{"app", QVariant::fromValue(&app)}});
     engine.load(QUrl("qrc:/Tolvane/RootView.qml"));
     return QGuiApplication::exec();
