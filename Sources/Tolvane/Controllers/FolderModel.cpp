@@ -1,3 +1,4 @@
+#include <HostKit/Collation.h>
 #include <Services/ByteFormat.h>
 #include <Services/CountFormat.h>
 #include <Services/NotCounted.h>
@@ -176,7 +177,9 @@ void FolderModel::sort() {
     const auto by = [this](auto key) { sortRows(rows_, isDescending_, std::move(key)); };
     switch (sortKey_.value()) {
     case Ui::SortKey::Name:
-        return by([this](const Row& row) { return shownText(node(row).name()).toCaseFolded(); });
+        return by([this, order = Collation()](const Row& row) {
+            return order.sortKey(node(row).name());
+        });
     case Ui::SortKey::Size:
         return by([](const Row& row) { return row.size; });
     case Ui::SortKey::Items:

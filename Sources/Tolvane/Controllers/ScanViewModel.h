@@ -268,6 +268,7 @@ class ScanViewModel : public QObject {
     std::optional<Date> folderStartedAt_;
     std::optional<ScanStatistics::Expected> expected_;
     FolderCache folderCache_;
+    Bytes removedSize_ = 0;
     Date navigationGuardUntil_ = std::numeric_limits<Date>::lowest();
     Job<ScanProgress, DiskScan::Result> scanJob_;
     Job<ScanProgress, DiskScan::FolderResult> folderJob_;

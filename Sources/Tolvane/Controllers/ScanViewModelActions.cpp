@@ -154,12 +154,13 @@ void ScanViewModel::removeReviewed() {
     for (const ReviewItem& item : removal_.reviewItems()) {
         items.push_back(item.url);
     }
+    removedSize_ = removal_.reviewedSize();
     removal_.remove({{std::move(items), {*scannedURL_}, false}});
 }
 
 void ScanViewModel::removed(const std::vector<RemovalReceipt>& receipts) {
     banner_ = ScanTexts::moved(receipts.size());
-    log(fmt::format("trash count={} bytes={} root={}", receipts.size(), removal_.reviewedSize(),
+    log(fmt::format("trash count={} bytes={} root={}", receipts.size(), removedSize_,
                     scannedURL_->path()));
     scan(FileURL(*scannedURL_), rescanOrigin);
 }
