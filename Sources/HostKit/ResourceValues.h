@@ -34,6 +34,8 @@ struct ResourceValues {
     std::optional<bool> isRegularFile;
     std::optional<Date> contentModificationDate;
     std::optional<FileIdentity> identity;
+    /// How many names the item has (hard links).
+    std::optional<std::int64_t> linkCount;
 };
 
 }

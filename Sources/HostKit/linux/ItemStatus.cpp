@@ -70,6 +70,7 @@ ResourceValues resourceValues(const struct statx& status, bool isPurgeable) {
     values.contentModificationDate = static_cast<Date>(status.stx_mtime.tv_sec) +
                                      static_cast<Date>(status.stx_mtime.tv_nsec) * nanosecond;
     values.identity = identity(status);
+    values.linkCount = status.stx_nlink;
     return values;
 }
 

@@ -23,7 +23,9 @@ std::vector<Detail> detailsOf(const FileNode& node) {
     std::vector<Detail> details{
         {QStringLiteral("Kind"), kindText(node.kind())},
         {QStringLiteral("On disk"), sizeText(all.totalAllocatedSize)},
-        {QStringLiteral("Content"), sizeText(all.totalLogicalSize)},
+        {all.notListedFileCount() > 0 ? QStringLiteral("Content of listed items")
+                                      : QStringLiteral("Content"),
+         sizeText(all.totalLogicalSize)},
     };
     if (node.isDirectory()) {
         details.push_back(
@@ -44,10 +46,12 @@ std::vector<Detail> detailsOf(const FileNode& node) {
 
 }
 
-Inspector::Inspector()
-    : details_({{"label", [](const Detail& detail) { return detail.label; }},
+Inspector::Inspector(const Environment& environment)
+    : files_(environment.files)
+    , details_({{"label", [](const Detail& detail) { return detail.label; }},
                 {"value", [](const Detail& detail) { return detail.value; }}},
-               [](const Detail& detail) { return detail.label; }) {}
+               [](const Detail& detail) { return detail.label; })
+    , counting_(environment.workers, 0, {}, [this](LinkCount count) { tellOfLinks(count); }) {}
 
 void Inspector::show(const FileNode& node) {
     item_ = node;
@@ -58,9 +62,33 @@ void Inspector::show(const FileNode& node) {
     pathText_ = shownPath(node.url());
     isDirectory_ = node.isDirectory();
     details_.update(detailsOf(node));
+    countLinks();
+}
+
+void Inspector::countLinks() {
+    counting_.discard();
+    if (item_->kind() == FileNode::Kind::regular) {
+        counting_.start(
+            [files = files_, url = item_->url()](const auto&, const auto&) -> LinkCount {
+                const auto values = files->values(url);
+                return values ? values->linkCount : std::nullopt;
+            });
+    }
+}
+
+void Inspector::tellOfLinks(LinkCount count) {
+    if (!count || *count < 2) {
+        return;
+    }
+    std::vector<Detail> details = details_.records();
+    details.push_back({QStringLiteral("Hard links"),
+                       QStringLiteral("%1 names of one file: space returns when all are gone")
+                           .arg(shownText(CountFormat::grouped(*count)))});
+    details_.update(std::move(details));
 }
 
 void Inspector::clear() {
+    counting_.discard();
     item_.reset();
     hasItem_ = false;
     nodeID_ = QString();

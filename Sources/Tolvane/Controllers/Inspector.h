@@ -1,11 +1,14 @@
 #pragma once
 
 #include <ScanKit/FileNode.h>
+#include <Services/Job.h>
 
+#include <Controllers/Environment.h>
 #include <Controllers/Published.h>
 #include <Controllers/RecordModel.h>
 
 #include <QString>
+#include <memory>
 #include <optional>
 
 namespace tolvane {
@@ -28,7 +31,7 @@ class Inspector : public QObject {
     Q_PROPERTY(tolvane::ListModel* details READ details CONSTANT)
 
   public:
-    Inspector();
+    explicit Inspector(const Environment& environment);
 
     const std::optional<FileNode>& item() const { return item_; }
     void show(const FileNode& node);
@@ -36,8 +39,17 @@ class Inspector : public QObject {
     ListModel* details() { return &details_; }
 
   private:
+    struct Nothing {};
+    using LinkCount = std::optional<std::int64_t>;
+
+    void countLinks();
+    void tellOfLinks(LinkCount count);
+
+    const std::shared_ptr<const FileManager> files_;
     std::optional<FileNode> item_;
     RecordModel<Detail> details_;
+    /// Asks the disk: what is slow there must not hold up the main thread.
+    Job<Nothing, LinkCount> counting_;
 };
 
 }

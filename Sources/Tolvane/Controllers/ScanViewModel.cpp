@@ -30,6 +30,7 @@ ScanViewModel::ScanViewModel(const Environment& environment)
     : environment_(environment)
     , statistics_(environment.defaults)
     , folder_(selection_)
+    , inspector_(environment)
     , activity_([this] { return activityState(); })
     , removal_(environment,
                {.onRemoved = [this](const auto& receipts) { removed(receipts); },
