@@ -2,7 +2,7 @@ import QtQuick
 
 /// The mark of keyboard focus around `parent`, drawn outside of it so that nothing moves.
 Rectangle {
-    property int gap: 2
+    property int gap: 1
 
     anchors.fill: parent
     anchors.margins: -gap - border.width

@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QQmlEngine>
+#include <QQmlError>
 #include <QQuickStyle>
 #include <QQuickView>
 #include <QTest>
@@ -28,6 +29,9 @@ bool draw(const QString& page, bool isDark, const QString& file) {
     view.setSource(QUrl::fromLocalFile(page));
     view.show();
     view.requestActivate();
+    for (const QQmlError& error : view.errors()) {
+        std::fprintf(stderr, "%s\n", qPrintable(error.toString()));
+    }
     if (view.status() != QQuickView::Ready || !QTest::qWaitForWindowActive(&view)) {
         return false;
     }
