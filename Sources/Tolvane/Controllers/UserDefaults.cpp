@@ -2,8 +2,11 @@
 
 #include <Controllers/UserDefaults.h>
 
+#include <QSettings>
 #include <filesystem>
+#include <mutex>
 #include <system_error>
+#include <utility>
 
 namespace tolvane {
 namespace {
@@ -19,15 +22,63 @@ bool canStore(const FileURL& file) {
 
 }
 
-UserDefaults::UserDefaults(const FileURL& file) {
-    if (canStore(file)) {
-        settings_ =
-            std::make_unique<QSettings>(QString::fromStdString(file.path()), QSettings::IniFormat);
+/// Writes values to the file, on one thread at a time.
+struct UserDefaults::Store {
+    explicit Store(const FileURL& url)
+        : file(QString::fromStdString(url.path())) {}
+    ~Store() { write(); }
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+
+    QVariantMap read() const {
+        const QSettings settings(file, QSettings::IniFormat);
+        QVariantMap values;
+        for (const QString& key : settings.allKeys()) {
+            if (!key.isEmpty()) {
+                values.insert(key, settings.value(key));
+            }
+        }
+        return values;
+    }
+
+    void add(const QString& key, const QVariant& value) {
+        const std::lock_guard lock(mutex);
+        waiting.insert(key, value);
+    }
+
+    void write() {
+        const QVariantMap values = takeWaiting();
+        if (values.isEmpty()) {
+            return;
+        }
+        QSettings settings(file, QSettings::IniFormat);
+        for (auto value = values.begin(); value != values.end(); ++value) {
+            settings.setValue(value.key(), value.value());
+        }
+    }
+
+    QVariantMap takeWaiting() {
+        const std::lock_guard lock(mutex);
+        return std::exchange(waiting, {});
+    }
+
+    const QString file;
+    std::mutex mutex;
+    QVariantMap waiting;
+};
+
+UserDefaults::UserDefaults(const FileURL& file)
+    : store_(canStore(file) ? std::make_shared<Store>(file) : nullptr)
+    , writer_(1, [] {}) {
+    if (store_) {
+        values_ = store_->read();
     }
 }
 
+UserDefaults::~UserDefaults() = default;
+
 std::optional<QString> UserDefaults::text(const QString& key) const {
-    const QVariant found = value(key);
+    const QVariant found = values_.value(key);
     if (found.typeId() != QMetaType::QString) {
         return std::nullopt;
     }
@@ -36,18 +87,18 @@ std::optional<QString> UserDefaults::text(const QString& key) const {
 
 bool UserDefaults::flag(const QString& key) const {
     // The file knows texts only.
-    const QVariant found = value(key);
+    const QVariant found = values_.value(key);
     return (found.typeId() == QMetaType::Bool && found.toBool()) ||
            (found.typeId() == QMetaType::QString && found.toString() == QLatin1String("true"));
 }
 
 QVariantMap UserDefaults::map(const QString& key) const {
-    const QVariant found = value(key);
+    const QVariant found = values_.value(key);
     return found.typeId() == QMetaType::QVariantMap ? found.toMap() : QVariantMap();
 }
 
 std::optional<FileURL> UserDefaults::path(const QString& key) const {
-    const QVariant found = value(key);
+    const QVariant found = values_.value(key);
     if (found.typeId() == QMetaType::QByteArray) {
         return FileURL(found.toByteArray().toStdString());
     }
@@ -56,10 +107,10 @@ std::optional<FileURL> UserDefaults::path(const QString& key) const {
 }
 
 void UserDefaults::set(const QString& key, const QVariant& value) {
-    if (settings_) {
-        settings_->setValue(key, value);
-    } else {
-        unstored_.insert(key, value);
+    values_.insert(key, value);
+    if (store_) {
+        store_->add(key, value);
+        writer_.run([store = store_] { store->write(); });
     }
 }
 
@@ -69,10 +120,6 @@ void UserDefaults::setPath(const QString& key, const FileURL& url) {
     } else {
         set(key, QByteArray::fromStdString(url.path()));
     }
-}
-
-QVariant UserDefaults::value(const QString& key) const {
-    return settings_ ? settings_->value(key) : unstored_.value(key);
 }
 
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <HostKit/FileURL.h>
+#include <Services/Workers.h>
 
-#include <QSettings>
 #include <QString>
 #include <QVariantMap>
 #include <memory>
@@ -12,11 +12,16 @@ namespace tolvane {
 
 /// What the application remembers from one start to the next. A file that is missing or broken, or
 /// a value of another type, reads as absent; what cannot be written is remembered until the end of
-/// the program and lost silently then, as losing it harms nothing. For the main thread.
+/// the program and lost silently then, as losing it harms nothing. For the main thread, which never
+/// waits for the disk after the start: a thread writes what was set.
 class UserDefaults {
   public:
     /// `file` is an INI file (on macOS it names the native preferences).
     explicit UserDefaults(const FileURL& file);
+    /// Writes what is still waiting.
+    ~UserDefaults();
+    UserDefaults(const UserDefaults&) = delete;
+    UserDefaults& operator=(const UserDefaults&) = delete;
 
     std::optional<QString> text(const QString& key) const;
     /// False when absent.
@@ -31,12 +36,13 @@ class UserDefaults {
     void setPath(const QString& key, const FileURL& url);
 
   private:
-    QVariant value(const QString& key) const;
+    struct Store;
 
+    QVariantMap values_;
     /// Null where nothing can be stored.
-    std::unique_ptr<QSettings> settings_;
-    /// What was set where nothing can be stored.
-    QVariantMap unstored_;
+    std::shared_ptr<Store> store_;
+    /// One thread, so that a later value never arrives before an earlier one.
+    Workers writer_;
 };
 
 }

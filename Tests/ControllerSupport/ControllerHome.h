@@ -1,0 +1,43 @@
+#pragma once
+
+#include <Support/TemporaryHome.h>
+
+#include <ControllerSupport/RecordingWorkspace.h>
+#include <Controllers/Environment.h>
+#include <Controllers/MainThreadWorkers.h>
+
+#include <functional>
+#include <memory>
+
+namespace tolvane {
+
+/// A temporary home with everything that controllers work with: the real file manager and Trash, a
+/// log and defaults of its own, real workers, and a desktop that only remembers. Needs a
+/// QCoreApplication; to be destroyed after the controllers.
+class ControllerHome : public TemporaryHome {
+  public:
+    ControllerHome();
+    using TemporaryHome::url;
+
+    const Environment& environment() const { return environment_; }
+    /// The same with another Trash.
+    Environment environmentWith(std::shared_ptr<const Trash> trash) const;
+
+    const HostLayout layout;
+    const std::shared_ptr<const FileManager> files;
+    const std::shared_ptr<const Trash> trash;
+    AppLog log;
+    UserDefaults defaults;
+    RecordingWorkspace workspace;
+
+  private:
+    MainThreadWorkers workers_;
+    const Environment environment_;
+};
+
+/// Lets the event loop run until `isDone`; fails the test when that takes far too long.
+void waitUntil(const std::function<bool()>& isDone);
+/// Lets everything arrive that has been posted by now.
+void processEvents();
+
+}
