@@ -1,5 +1,4 @@
-#include "../Faults/OwnMount.h"
-
+#include <Support/OwnMount.h>
 #include <Support/TemporaryHome.h>
 
 #include <Controllers/UserDefaults.h>

@@ -1,6 +1,5 @@
-#include "OwnMount.h"
-
 #include <ScanKit/ExcludedPrefixes.h>
+#include <Support/OwnMount.h>
 #include <Support/RemovalHome.h>
 #include <Support/TreeState.h>
 
