@@ -110,3 +110,16 @@ function(tolvane_test_inside kind target)
         CROSSCOMPILING_EMULATOR "${PROJECT_SOURCE_DIR}/Tests/Support/inside;${kind}")
     gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 10 SKIP_RETURN_CODE 77)
 endfunction()
+
+# tolvane_quick_test(ComponentsTests SOURCES ... LINKS ...): the tst_*.qml beside it, run by Qt Quick
+# Test; `LINKS` names the QML modules and their plugins.
+function(tolvane_quick_test target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+    add_executable(${target} ${arg_SOURCES})
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_compile_definitions(${target} PRIVATE
+        QUICK_TEST_SOURCE_DIR="${CMAKE_CURRENT_SOURCE_DIR}")
+    target_link_libraries(${target} PRIVATE ${arg_LINKS} Qt6::QuickTest TolvaneFlags)
+    add_test(NAME ${target} COMMAND ${target})
+    set_tests_properties(${target} PROPERTIES TIMEOUT 120)
+endfunction()

@@ -77,16 +77,23 @@ T.AbstractButton {
     }
 
     MouseArea {
-        objectName: "resizeHandle"
+        property real startWidth
+        property real startX
+
         x: control.movesLeftEdge ? -4 : control.width - 4
         width: 8
         height: parent.height
         visible: !control.modelData.fills
         cursorShape: Qt.SplitHCursor
         preventStealing: true
+        // From where it began: the columns move only with the next frame, the pointer may be faster.
+        onPressed: mouse => {
+            startWidth = control.width;
+            startX = mapToItem(control.table, mouse.x, 0).x;
+        }
         onPositionChanged: mouse => {
-            const edge = mapToItem(control, mouse.x, 0).x;
-            control.resize(control.movesLeftEdge ? control.width - edge : edge);
+            const moved = mapToItem(control.table, mouse.x, 0).x - startX;
+            control.resize(startWidth + (control.movesLeftEdge ? -moved : moved));
         }
 
         Rectangle {

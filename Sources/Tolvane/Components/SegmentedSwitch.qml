@@ -15,7 +15,7 @@ Rectangle {
     implicitWidth: row.implicitWidth + 4
     implicitHeight: Theme.controlHeight
     radius: Theme.radius
-    color: Theme.track
+    color: Theme.controlPressed
     activeFocusOnTab: true
     Accessible.role: Accessible.Grouping
     Keys.onLeftPressed: if (currentIndex > 0) activated(currentIndex - 1)
@@ -60,7 +60,7 @@ Rectangle {
                 }
                 background: Rectangle {
                     radius: Theme.smallRadius
-                    color: segment.isCurrent ? Theme.control : segment.hovered ? Theme.hover : "transparent"
+                    color: segment.isCurrent ? Theme.raised : segment.hovered ? Theme.hover : "transparent"
                 }
 
                 LazyToolTip {

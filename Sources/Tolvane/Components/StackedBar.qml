@@ -29,7 +29,7 @@ Column {
                     required property int index
                     required property real share
 
-                    width: parent ? Math.max(0, parent.width * share - 1) : 0
+                    width: parent ? Math.max(0, Math.round(parent.width * share) - 1) : 0
                     height: 16
                     radius: Theme.smallRadius
                     color: Theme.category(index)

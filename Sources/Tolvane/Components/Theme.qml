@@ -5,8 +5,6 @@ import QtQuick
 /// Every measure and colour of the window. Texts in `text`, `secondaryText`, `accentText`,
 /// `dangerText`, `warningText` and `successText` reach a contrast of 4.5:1 on every ground.
 QtObject {
-    id: theme
-
     /// Set by the application from the desktop's appearance.
     property bool isDark: false
     property bool reducesMotion: false
@@ -19,6 +17,8 @@ QtObject {
     readonly property color control: isDark ? "#30343c" : "#ffffff"
     readonly property color controlHovered: isDark ? "#383d46" : "#f2f4f7"
     readonly property color controlPressed: isDark ? "#2a2e35" : "#e6e9ee"
+    /// The chosen part of a switch.
+    readonly property color raised: isDark ? "#464c58" : "#ffffff"
     /// Laid over whatever lies beneath a flat button or a row.
     readonly property color hover: isDark ? "#14ffffff" : "#0d1b1e25"
     readonly property color press: isDark ? "#24ffffff" : "#1a1b1e25"
@@ -88,35 +88,4 @@ QtObject {
 
     /// Of every transition, in milliseconds; one duration keeps the whole window in step.
     readonly property int duration: reducesMotion ? 0 : 120
-
-    /// All roles, for `palette: Theme.palette` of the window: with one missing, controls drawn from
-    /// the palette vanish in dark.
-    readonly property Palette palette: Palette {
-        alternateBase: theme.window
-        base: theme.surface
-        brightText: theme.accentInk
-        button: theme.control
-        buttonText: theme.text
-        dark: theme.outline
-        highlight: theme.accent
-        highlightedText: theme.accentInk
-        light: theme.controlHovered
-        link: theme.accentText
-        linkVisited: theme.accentText
-        mid: theme.track
-        midlight: theme.controlPressed
-        placeholderText: theme.secondaryText
-        shadow: theme.shade
-        text: theme.text
-        toolTipBase: theme.surface
-        toolTipText: theme.text
-        window: theme.window
-        windowText: theme.text
-
-        disabled {
-            buttonText: theme.disabledText
-            text: theme.disabledText
-            windowText: theme.disabledText
-        }
-    }
 }

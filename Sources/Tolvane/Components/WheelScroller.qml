@@ -20,7 +20,9 @@ WheelHandler {
         const isPrecise = event.pixelDelta.y !== 0 || event.pixelDelta.x !== 0;
         const down = isPrecise ? event.pixelDelta.y : event.angleDelta.y / 120 * notch;
         const right = isPrecise ? event.pixelDelta.x : event.angleDelta.x / 120 * notch;
-        view.contentY = moved(view.contentY, down, view.originY, view.contentHeight, view.height);
-        view.contentX = moved(view.contentX, right, view.originX, view.contentWidth, view.width);
+        view.contentY = moved(view.contentY, down, view.originY - view.topMargin,
+                              view.contentHeight + view.topMargin + view.bottomMargin, view.height);
+        view.contentX = moved(view.contentX, right, view.originX - view.leftMargin,
+                              view.contentWidth + view.leftMargin + view.rightMargin, view.width);
     }
 }
