@@ -105,7 +105,7 @@ void ScanViewModel::select(const FileNode& node, bool additive) {
 }
 
 void ScanViewModel::selectAllChildren() {
-    if (path_.empty() || isGuarded()) {
+    if (path_.empty()) {
         return;
     }
     for (const FileNode& child : path_.back().children()) {
