@@ -1,0 +1,541 @@
+#include <Support/FaultyFiles.h>
+#include <Support/SyntheticFiles.h>
+#include <Support/TreeState.h>
+
+#include <ControllerSupport/ControllerHome.h>
+#include <Controllers/ScanViewModel.h>
+#include <Controllers/ShownText.h>
+#include <gmock/gmock.h>
+
+#include <QAbstractItemModelTester>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+namespace tolvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+std::vector<std::string> names(const std::vector<FileNode>& nodes) {
+    std::vector<std::string> names;
+    for (const FileNode& node : nodes) {
+        names.emplace_back(node.name());
+    }
+    return names;
+}
+
+std::vector<QString> texts(const QAbstractItemModel& model, const QByteArray& role) {
+    std::vector<QString> texts;
+    const int key = model.roleNames().key(role);
+    for (int row = 0; row < model.rowCount(); ++row) {
+        texts.push_back(model.index(row, 0).data(key).toString());
+    }
+    return texts;
+}
+
+/// A folder of `count` files of one block.
+SyntheticItem folderOf(std::string name, int count) {
+    SyntheticItem folder = SyntheticItem::folder(std::move(name));
+    for (int i = 0; i < count; ++i) {
+        folder.children.push_back(SyntheticItem::file("file" + std::to_string(i), 4096));
+    }
+    return folder;
+}
+
+std::shared_ptr<const FileManager> memory(SyntheticItem root) {
+    return std::make_shared<SyntheticFiles>("/data", std::move(root));
+}
+
+/// Lets a worker into a folder only when a test says so.
+class Gate {
+  public:
+    std::shared_ptr<const FileManager> before(std::shared_ptr<const FileManager> files,
+                                              FileURL folder) {
+        return std::make_shared<FaultyFiles>(
+            std::move(files),
+            [this, folder](FileOperation, const FileURL& url) -> std::optional<SystemError> {
+                std::unique_lock lock(mutex_);
+                changed_.wait(lock, [&] { return isOpen_ || url != folder; });
+                return std::nullopt;
+            });
+    }
+    void open() {
+        const std::lock_guard lock(mutex_);
+        isOpen_ = true;
+        changed_.notify_all();
+    }
+    void close() {
+        const std::lock_guard lock(mutex_);
+        isOpen_ = false;
+    }
+
+  private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    bool isOpen_ = false;
+};
+
+class ScanViewModelTests : public testing::Test {
+  protected:
+    ScanViewModelTests() {
+        environment.clock = [this] { return time; };
+    }
+
+    ScanViewModel& start(const std::shared_ptr<const FileManager>& files = nullptr) {
+        tester.reset();
+        controller.reset();
+        if (files) {
+            environment.files = files;
+        }
+        controller = std::make_unique<ScanViewModel>(environment);
+        if (files || idleUses == 0) {
+            idleUses = environment.files.use_count() - (files ? 1 : 0);
+        }
+        tester = std::make_unique<QAbstractItemModelTester>(
+            controller->folder(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+        return *controller;
+    }
+    void scan(const FileURL& url) {
+        controller->scan(url, "test");
+        settle();
+    }
+    /// Waits until nothing runs any more that the controller waits for.
+    void settle() {
+        waitUntil([this] {
+            return controller->stage() != Ui::Stage::Working && !controller->isLoadingFolder() &&
+                   !controller->removal()->isRemoving();
+        });
+    }
+    /// Waits until no worker holds the file manager any more, and for what they told.
+    void finishWorkers() {
+        waitUntil([this] { return environment.files.use_count() <= idleUses; });
+        processEvents();
+    }
+    /// Enters a folder of the one on screen, past the guard against double clicks.
+    void enter(const std::string& name) {
+        time += 1;
+        controller->drill(child(name));
+        settle();
+    }
+    FileNode child(const std::string& name) const {
+        for (const FileNode& node : controller->path().back().children()) {
+            if (node.name() == name) {
+                return node;
+            }
+        }
+        ADD_FAILURE() << name << " is not on screen";
+        return controller->path().back();
+    }
+    std::string logText() {
+        home.log.flush();
+        return home.read(".local/state/Logs/Tolvane/scan.log");
+    }
+    std::ptrdiff_t logged(const std::string& text) {
+        const std::string log = logText();
+        std::ptrdiff_t count = 0;
+        for (std::size_t at = log.find(text); at != std::string::npos;
+             at = log.find(text, at + 1)) {
+            ++count;
+        }
+        return count;
+    }
+
+    ControllerHome home;
+    Environment environment = home.environment();
+    Date time = 1000;
+    std::ptrdiff_t idleUses = 0;
+    std::unique_ptr<ScanViewModel> controller;
+    std::unique_ptr<QAbstractItemModelTester> tester;
+};
+
+TEST_F(ScanViewModelTests, showsWhatFillsAFolder) {
+    home.write("data/small", std::string(5'000, 's'));
+    home.write("data/folder/large", std::string(500'000, 'l'));
+    home.write("data/bad \xff name");
+    start();
+    EXPECT_EQ(controller->stage(), Ui::Stage::Start);
+    controller->scan(home.url("data"), "a test");
+    EXPECT_TRUE(controller->isScanning());
+    EXPECT_EQ(controller->stage(), Ui::Stage::Working);
+    settle();
+
+    EXPECT_EQ(controller->stage(), Ui::Stage::Result);
+    EXPECT_THAT(names(controller->path()), ElementsAre("data"));
+    EXPECT_THAT(texts(*controller->folder(), "name"),
+                ElementsAre("folder", "small", "bad \uFFFD name"));
+    controller->folder()->sortBy(Ui::SortKey::Name);
+    EXPECT_THAT(texts(*controller->folder(), "name"),
+                ElementsAre("bad \uFFFD name", "folder", "small"));
+    controller->folder()->setFilter("SMA");
+    EXPECT_THAT(texts(*controller->folder(), "name"), ElementsAre("small"));
+    EXPECT_EQ(controller->lastScanPath(), QString::fromStdString(home.path("data")));
+
+    const std::string log = logText();
+    const std::string path = home.path("data");
+    EXPECT_THAT(log, HasSubstr("scan start path=" + path + " origin=a test\n"));
+    EXPECT_THAT(log, HasSubstr("scan done path=" + path + " total="));
+    EXPECT_THAT(log, HasSubstr(" children=3 files=3 listedFiles=3 dirs=2 errors=0 seconds=0."));
+    EXPECT_THAT(log, HasSubstr(" cancelled=false\n"));
+}
+
+TEST_F(ScanViewModelTests, dropsTheResultOfAScanThatAnotherOneSuperseded) {
+    home.write("first/file");
+    home.write("second/file");
+    Gate gate;
+    start(gate.before(environment.files, home.url("first")));
+    controller->scan(home.url("first"), "test");
+    controller->scan(home.url("second"), "test");
+    settle();
+    gate.open();
+    finishWorkers();
+    EXPECT_THAT(names(controller->path()), ElementsAre("second"));
+    EXPECT_EQ(logged("scan cancel requested"), 1);
+    EXPECT_EQ(logged("scan done"), 1);
+}
+
+TEST_F(ScanViewModelTests, showsTheTreeOfACancelledScanAndLoadsNothing) {
+    SyntheticItem root = folderOf("data", 100);
+    root.children.push_back(folderOf("held", 10));
+    Gate gate;
+    start(gate.before(memory(root), FileURL("/data/held")));
+    controller->scan(FileURL("/data"), "test");
+    controller->cancel();
+    EXPECT_FALSE(controller->isScanning());
+    gate.open();
+    settle();
+    EXPECT_TRUE(controller->isPartial());
+    EXPECT_EQ(controller->path().size(), 1U);
+    EXPECT_EQ(logged("cancelled=true"), 1);
+    EXPECT_EQ(logged("folder load start"), 0);
+}
+
+TEST_F(ScanViewModelTests, ignoresClicksThatFollowAnEntryAtOnce) {
+    start(memory(SyntheticItem::folder(
+        "data", {SyntheticItem::folder("a", {SyntheticItem::folder("b", {folderOf("c", 1)})})})));
+    scan(FileURL("/data"));
+    controller->drill(child("a"));
+    controller->drill(child("b"));
+    controller->select(child("b"), false);
+    EXPECT_THAT(names(controller->path()), ElementsAre("data", "a"));
+    EXPECT_EQ(controller->selectedCount(), 0);
+    time += 0.5;
+    controller->select(child("b"), false);
+    EXPECT_EQ(controller->selectedCount(), 1);
+    controller->drill(child("b"));
+    EXPECT_EQ(controller->selectedCount(), 0);
+    EXPECT_THAT(names(controller->path()), ElementsAre("data", "a", "b"));
+    controller->jump(7);
+    controller->jump(-1);
+    controller->goBack();
+    EXPECT_THAT(names(controller->path()), ElementsAre("data", "a"));
+    controller->jump(0);
+    controller->goBack();
+    EXPECT_THAT(names(controller->path()), ElementsAre("data"));
+    EXPECT_FALSE(controller->canGoBack());
+}
+
+TEST_F(ScanViewModelTests, keepsTheEightFoldersLastLoadedInDetail) {
+    SyntheticItem root = SyntheticItem::folder("data");
+    for (int i = 0; i < 9; ++i) {
+        root.children.push_back(folderOf("f" + std::to_string(i), 40));
+    }
+    // Too many files to be loaded in detail as a whole.
+    root.children.push_back(folderOf("many", 60'001));
+    start(memory(root));
+    scan(FileURL("/data"));
+    ASSERT_EQ(logged("folder load start"), 0);
+    for (int i = 0; i < 9; ++i) {
+        enter("f" + std::to_string(i));
+        EXPECT_EQ(controller->folder()->count(), 40);
+        controller->goBack();
+    }
+    EXPECT_EQ(logged("folder load done"), 9);
+    enter("f1");
+    EXPECT_EQ(logged("folder load start"), 9);
+    controller->goBack();
+    // The tree keeps what was loaded, so that nothing is missing and nothing is loaded again.
+    enter("f0");
+    EXPECT_EQ(controller->folder()->count(), 40);
+}
+
+TEST_F(ScanViewModelTests, loadsASmallScanInDetailByItself) {
+    SyntheticItem root = SyntheticItem::folder("data", {folderOf("some", 33)});
+    for (const int count : {59'967, 59'968}) {
+        root.children.push_back(folderOf("rest", count));
+        start(memory(root));
+        scan(FileURL("/data"));
+        EXPECT_EQ(logged("folder load done"), 1) << count;
+        root.children.pop_back();
+    }
+}
+
+TEST_F(ScanViewModelTests, carriesTicksIntoTheDetailedFolder) {
+    SyntheticItem root = folderOf("data", 70'000);
+    root.children.push_back(folderOf("inner", 50));
+    root.children.push_back(folderOf("other", 1));
+    Gate gate;
+    start(gate.before(memory(root), FileURL("/data/inner")));
+    gate.open();
+    scan(FileURL("/data"));
+    gate.close();
+    time += 1;
+    controller->select(child("other"), false);
+    controller->loadFolder(child("inner"));
+    const FileNode ticked = child("inner").children()[3];
+    const FileNode inspected = child("inner").children()[5];
+    controller->select(ticked, true);
+    controller->inspect(QString::fromStdString(text(inspected.id())));
+    gate.open();
+    settle();
+
+    EXPECT_EQ(child("inner").children().size(), 50U);
+    EXPECT_THAT(names(controller->topLevelSelected()),
+                testing::UnorderedElementsAre("other", std::string(ticked.name())));
+    EXPECT_EQ(controller->selectedSize(), 2 * 4096);
+    ASSERT_TRUE(controller->inspected());
+    EXPECT_EQ(controller->inspected()->name(), inspected.name());
+    EXPECT_EQ(controller->path().front().fileCount(), 70'051);
+    // What is on screen is what can be ticked.
+    controller->select(child("inner").children()[49], true);
+    EXPECT_EQ(controller->selectedCount(), 3);
+}
+
+TEST_F(ScanViewModelTests, neverAppliesACancelledFolderLoad) {
+    SyntheticItem root = folderOf("data", 70'000);
+    root.children.push_back(folderOf("inner", 50));
+    Gate gate;
+    start(gate.before(memory(root), FileURL("/data/inner")));
+    gate.open();
+    scan(FileURL("/data"));
+    gate.close();
+    controller->loadContents(child("inner"));
+    EXPECT_TRUE(controller->isLoadingFolder());
+    EXPECT_EQ(controller->activeTitle(), "Loading inner");
+    EXPECT_THAT(names(controller->path()), ElementsAre("data", "inner"));
+    controller->cancelActivity();
+    EXPECT_FALSE(controller->isLoadingFolder());
+    gate.open();
+    finishWorkers();
+    EXPECT_EQ(controller->folder()->count(), 32);
+    EXPECT_EQ(controller->folder()->hiddenText(), "18 smaller items, 74 KB");
+    EXPECT_EQ(logged("folder load cancelled"), 1);
+    EXPECT_EQ(logged("folder load done"), 0);
+    controller->rescanInDetail();
+    settle();
+    EXPECT_EQ(controller->folder()->count(), 50);
+    EXPECT_EQ(controller->folder()->hiddenText(), "");
+    controller->loadContents(FileNode(controller->path().back()));
+    EXPECT_EQ(logged("folder load start"), 2);
+}
+
+TEST_F(ScanViewModelTests, estimatesFromTheScanBefore) {
+    const SyntheticItem root =
+        SyntheticItem::folder("data", {folderOf("a", 600), folderOf("held", 400)});
+    Gate gate;
+    start(gate.before(memory(root), FileURL("/data/held")));
+    controller->scan(FileURL("/data"), "test");
+    waitUntil([&] { return controller->activeProgress().has_value(); });
+    EXPECT_EQ(controller->activeFraction(), std::nullopt);
+    EXPECT_EQ(controller->activeTitle(), "Scanning data");
+    gate.open();
+    settle();
+    EXPECT_EQ(controller->activeProgress(), std::nullopt);
+
+    gate.close();
+    controller->scan(FileURL("/data"), "test");
+    waitUntil([&] { return controller->activeFraction().has_value(); });
+    EXPECT_LE(*controller->activeFraction(), 0.6);
+    EXPECT_EQ(controller->activeETA(), std::nullopt);
+    time += 10;
+    const double fraction = *controller->activeFraction();
+    EXPECT_DOUBLE_EQ(controller->activeETA().value_or(0), (1 - fraction) * 10 / fraction);
+    gate.open();
+    settle();
+}
+
+TEST_F(ScanViewModelTests, movesWhatIsTickedToTheTrashAndBack) {
+    home.write("data/keep", "k");
+    home.write("data/bad \xff name", "b");
+    home.write("data/folder/one", "1");
+    home.write("data/folder/two", "2");
+    const TreeState before = treeState(home.path("data"));
+    start();
+    scan(home.url("data"));
+    controller->select(child("folder").children()[0], true);
+    controller->select(child("folder"), true);
+    controller->select(child("bad \xff name"), true);
+    EXPECT_THAT(names(controller->topLevelSelected()), ElementsAre("folder", "bad \xff name"));
+    controller->prepareReview();
+    EXPECT_TRUE(controller->removal()->showReview());
+    controller->removeReviewed();
+    EXPECT_TRUE(controller->removal()->isRemoving());
+    settle();
+
+    EXPECT_EQ(controller->banner(), "Moved 2 items to Trash");
+    EXPECT_FALSE(home.has("data/folder"));
+    EXPECT_TRUE(home.has("data/keep"));
+    EXPECT_THAT(names(controller->path().back().children()), ElementsAre("keep"));
+    EXPECT_EQ(controller->selectedCount(), 0);
+    EXPECT_EQ(
+        logged("trash count=2 bytes=" + std::to_string(3 * 4096) + " root=" + home.path("data")),
+        1);
+    EXPECT_EQ(logged("origin=rescan"), 1);
+
+    controller->undoRemoval();
+    settle();
+    EXPECT_EQ(controller->banner(), "Restored 2 items");
+    EXPECT_EQ(treeState(home.path("data")), before);
+    EXPECT_EQ(logged("undo restored=2 failed=0"), 1);
+    EXPECT_FALSE(controller->removal()->canUndo());
+}
+
+TEST_F(ScanViewModelTests, movesNothingWhenOneItemMayNotBeMoved) {
+    home.write("data/file", "f");
+    home.makeLink("data/link", "nowhere");
+    const TreeState before = treeState(home.path("data"));
+    start();
+    scan(home.url("data"));
+    controller->select(child("file"), true);
+    controller->select(child("link"), true);
+    // Both its children are ticked, so the scanned folder is; it may not be moved either.
+    controller->prepareReview();
+    waitUntil([&] { return controller->removal()->troubledCount() == 1; });
+    controller->removeReviewed();
+    settle();
+    EXPECT_THAT(controller->banner().toStdString(), Not(testing::IsEmpty()));
+    EXPECT_EQ(logged("trash failed: " + controller->banner().toStdString()), 1);
+    EXPECT_EQ(logged("origin=rescan"), 0);
+    EXPECT_EQ(treeState(home.path("data")), before);
+}
+
+TEST_F(ScanViewModelTests, scansAgainWhenARemovalFailedMidway) {
+    home.write("data/a", "a");
+    home.write("data/bb", "b");
+    home.write("data/keep", "k");
+    class FailingTrash final : public Trash {
+      public:
+        explicit FailingTrash(std::shared_ptr<const Trash> trash)
+            : trash_(std::move(trash)) {}
+        Result<std::optional<FileURL>, std::string> move(const FileURL& item,
+                                                         const FileURL& within) const override {
+            if (item.lastPathComponent() == "bb") {
+                return tl::unexpected(std::string("it is in use"));
+            }
+            return trash_->move(item, within);
+        }
+        Result<void, std::string> putBack(const FileURL& trashed,
+                                          const FileURL& original) const override {
+            return trash_->putBack(trashed, original);
+        }
+
+      private:
+        std::shared_ptr<const Trash> trash_;
+    };
+    environment.trash = std::make_shared<FailingTrash>(environment.trash);
+    start();
+    scan(home.url("data"));
+    controller->select(child("a"), true);
+    controller->select(child("bb"), true);
+    controller->prepareReview();
+    controller->removeReviewed();
+    settle();
+    EXPECT_EQ(controller->banner().toStdString(),
+              "Could not move " + home.path("data/bb") + " to Trash: it is in use");
+    EXPECT_EQ(logged("origin=rescan"), 1);
+    EXPECT_THAT(names(controller->path().back().children()),
+                testing::UnorderedElementsAre("bb", "keep"));
+    EXPECT_FALSE(controller->removal()->canUndo());
+}
+
+TEST_F(ScanViewModelTests, drawsWhatLiesInATickedFolderAsIncluded) {
+    start(memory(SyntheticItem::folder("data", {folderOf("a", 3), folderOf("b", 1)})));
+    scan(FileURL("/data"));
+    enter("a");
+    controller->selectAllChildren();
+    EXPECT_THAT(names(controller->topLevelSelected()), ElementsAre("a"));
+    const auto tick = [&] { return controller->folder()->index(0).data(FolderModel::Tick); };
+    EXPECT_EQ(tick().value<Ui::Tick>(), Ui::Tick::Included);
+    controller->select(child("file0"), true);
+    EXPECT_EQ(tick().value<Ui::Tick>(), Ui::Tick::Included);
+    EXPECT_EQ(controller->selectionText(), "1 item, 12 KB");
+    controller->goBack();
+    EXPECT_EQ(tick().value<Ui::Tick>(), Ui::Tick::All);
+    controller->clearSelection();
+    EXPECT_EQ(tick().value<Ui::Tick>(), Ui::Tick::None);
+}
+
+TEST_F(ScanViewModelTests, listsPurgeableFilesAndFailures) {
+    SyntheticItem root = SyntheticItem::folder("data", {folderOf("a", 3), folderOf("locked", 0)});
+    root.children[0].children[1].values.isPurgeable = true;
+    root.children[0].children[2].values.isPurgeable = true;
+    root.children[0].children[2].values.totalFileAllocatedSize = 8192;
+    root.children[0].values.isPurgeable = true;
+    root.children[1].listingError = SystemError{EACCES};
+    start(memory(root));
+    scan(FileURL("/data"));
+    EXPECT_THAT(names(controller->purgeableFiles(500)), ElementsAre("file2", "file1"));
+    EXPECT_THAT(names(controller->purgeableFiles(1)), ElementsAre("file2"));
+    EXPECT_EQ(controller->purgeableText(), "12 KB purgeable");
+    EXPECT_EQ(controller->failuresText(), "1 item could not be read");
+    controller->openFailures();
+    EXPECT_THAT(texts(*controller->failureFolders(), "pathText"), ElementsAre("/data"));
+    EXPECT_THAT(texts(*controller->failureFolders(), "countText"), ElementsAre("1 item"));
+    enter("locked");
+    EXPECT_EQ(controller->emptyText(), "This folder could not be read: Operation not permitted");
+}
+
+TEST_F(ScanViewModelTests, saysThatNothingOfTheWholeFileSystemCanBeRemoved) {
+    start(std::make_shared<SyntheticFiles>(
+        "/", SyntheticItem::folder("/", {SyntheticItem::folder("srv", {folderOf("a", 1)})})));
+    scan(FileURL("/"));
+    EXPECT_THAT(controller->lockedText().toStdString(), HasSubstr("Nothing can be moved"));
+    EXPECT_EQ(controller->scannedName(), "/");
+    enter("srv");
+    controller->scanFolderOnScreen();
+    settle();
+    EXPECT_EQ(controller->scannedPath(), "/srv");
+    EXPECT_EQ(controller->lockedText(), "");
+}
+
+TEST_F(ScanViewModelTests, takesFoldersThatAreDroppedByteForByte) {
+    home.write("bad \xff%20 name/file");
+    start();
+    controller->scanDropped({QUrl("https://example.com/x"), qurl(home.url("bad \xff%20 name"))});
+    settle();
+    EXPECT_EQ(controller->scannedURL(), home.url("bad \xff%20 name"));
+    EXPECT_EQ(controller->folder()->count(), 1);
+}
+
+TEST_F(ScanViewModelTests, mayBeDestroyedWhateverRuns) {
+    home.write("data/folder/file");
+    for (int round = 0; round < 1000; ++round) {
+        ScanViewModel& model = start();
+        model.scan(home.url("data"), "test");
+        switch (round % 4) {
+        case 0:
+            model.cancel();
+            break;
+        case 1:
+            settle();
+            model.loadFolder(model.path().front());
+            break;
+        case 2:
+            model.scan(home.url("data/folder"), "test");
+            break;
+        default:
+            finishWorkers();
+            model.selectAllChildren();
+            model.prepareReview();
+        }
+        tester.reset();
+        controller.reset();
+    }
+    finishWorkers();
+    EXPECT_TRUE(home.has("data/folder/file"));
+}
+
+}
+}
