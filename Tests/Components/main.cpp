@@ -1,3 +1,4 @@
+#include <Components/ComponentsSetup.h>
 #include <Components/IconProvider.h>
 
 #include <QFont>
@@ -25,8 +26,7 @@ class Setup : public QObject {
     void applicationAvailable() { QQuickStyle::setStyle(QStringLiteral("Basic")); }
 
     void qmlEngineAvailable(QQmlEngine* engine) {
-        engine->addImportPath(QStringLiteral("qrc:/"));
-        engine->addImageProvider(QStringLiteral("icon"), new tolvane::IconProvider);
+        tolvane::readyComponents(*engine);
         engine->rootContext()->setContextProperty(QStringLiteral("iconNames"),
                                                   tolvane::IconProvider::names());
     }

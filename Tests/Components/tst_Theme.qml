@@ -45,6 +45,18 @@ TestCase {
         }
     }
 
+    FigureLabel { id: ones; text: "11:11" }
+    FigureLabel { id: eights; text: "88:88" }
+    PlainLabel { id: plainOnes; text: "11:11" }
+
+    function test_figuresStandUnderEachOther() {
+        verify(plainOnes.implicitWidth < ones.implicitWidth, "the family of figures is missing");
+        for (const weight of [Font.Normal, Font.Medium, Font.DemiBold]) {
+            ones.font.weight = eights.font.weight = weight;
+            compare(ones.implicitWidth, eights.implicitWidth);
+        }
+    }
+
     function test_motionStopsWhereItIsNotWanted() {
         verify(Theme.duration > 0 && Theme.duration <= 150);
         Theme.reducesMotion = true;

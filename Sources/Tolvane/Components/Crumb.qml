@@ -31,7 +31,7 @@ T.AbstractButton {
     Keys.onEnterPressed: control.clicked()
 
     Icon {
-        x: 4
+        x: 1
         anchors.verticalCenter: parent.verticalCenter
         visible: control.index > 0
         name: "go-next"

@@ -7,8 +7,7 @@ namespace tolvane {
 
 /// Draws the window's icons in any colour and size: "image://icon/NAME/RRGGBB". The drawings are
 /// ours; the names are those of the freedesktop Icon Naming Specification where it has one. An
-/// unknown name draws "unknown". Register it as "icon" before loading QML:
-/// `engine.addImageProvider("icon", new IconProvider)`.
+/// unknown name draws "unknown".
 class IconProvider : public QQuickImageProvider {
   public:
     IconProvider()

@@ -24,7 +24,7 @@ T.ToolTip {
 
     background: Rectangle {
         radius: Theme.smallRadius
-        color: Theme.surface
+        color: Theme.raised
         border.color: Theme.line
     }
 }

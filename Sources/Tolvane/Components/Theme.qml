@@ -81,7 +81,7 @@ QtObject {
     // Three text sizes, in pixels of the 100 % scale.
     readonly property string family: "Inter"
     /// Of numbers that stand in columns: figures of one width.
-    readonly property string figureFamily: family
+    readonly property string figureFamily: "Tolvane Figures"
     readonly property int smallText: 12
     readonly property int bodyText: 14
     readonly property int titleText: 20

@@ -1,4 +1,4 @@
-#include <Components/IconProvider.h>
+#include <Components/ComponentsSetup.h>
 #include <Interface/TolvaneApp.h>
 
 #include <QGuiApplication>
@@ -14,8 +14,7 @@ int main(int argc, char** argv) {
     QQuickStyle::setStyle("Basic");
     tolvane::TolvaneApp app;
     QQmlApplicationEngine engine;
-    engine.addImportPath("qrc:/");
-    engine.addImageProvider("icon", new tolvane::IconProvider);
+    tolvane::readyComponents(engine);
     engine.setInitialProperties({{"app", QVariant::fromValue(&app)}});
     engine.load(QUrl("qrc:/Tolvane/RootView.qml"));
     return QGuiApplication::exec();

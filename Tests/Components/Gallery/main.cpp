@@ -1,4 +1,4 @@
-#include <Components/IconProvider.h>
+#include <Components/ComponentsSetup.h>
 
 #include <QDir>
 #include <QFont>
@@ -20,11 +20,11 @@ namespace {
 
 bool draw(const QString& page, bool isDark, const QString& file) {
     QQuickView view;
-    // With the variable, a qmldir that lists the working copy is drawn, without a build.
-    if (!qEnvironmentVariableIsSet("QML_IMPORT_PATH")) {
-        view.engine()->addImportPath(QStringLiteral("qrc:/"));
+    tolvane::readyComponents(*view.engine());
+    // A qmldir that lists the working copy is drawn without a build.
+    if (qEnvironmentVariableIsSet("QML_IMPORT_PATH")) {
+        view.engine()->addImportPath(qEnvironmentVariable("QML_IMPORT_PATH"));
     }
-    view.engine()->addImageProvider(QStringLiteral("icon"), new tolvane::IconProvider);
     view.setInitialProperties({{QStringLiteral("isDark"), isDark}});
     view.setSource(QUrl::fromLocalFile(page));
     view.show();
