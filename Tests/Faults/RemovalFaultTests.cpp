@@ -1,7 +1,4 @@
-#include "InterruptedTrash.h"
-
 #include <HostKit/TrashInfo.h>
-#include <Support/OddNames.h>
 #include <Support/OrdinaryUser.h>
 #include <Support/RemovalHome.h>
 #include <Support/RunProgram.h>
@@ -14,6 +11,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <map>
 
 namespace {
 
@@ -39,21 +37,15 @@ class RemovalFault : public testing::Test {
     using Receipts = Result<std::vector<RemovalReceipt>, RemovalError>;
 
     Receipts remove(const std::vector<std::string>& relative) const {
-        std::vector<FileURL> items;
-        for (const std::string& path : relative) {
-            items.push_back(home.url(path));
-        }
         // A Trash of its own: it belongs to the user that this runs as.
-        return home.cleanerWith(systemTrash(home.layout)).moveToTrash(items, home.url());
+        return home.cleanerWith(systemTrash(home.layout))
+            .moveToTrash(home.urls(relative), home.url());
     }
     static std::string description(const Receipts& receipts) {
         return receipts ? "done" : receipts.error().description();
     }
     std::string couldNotMove(const std::string& relative, const std::string& reason) const {
         return "Could not move " + home.path(relative) + " to Trash: " + reason;
-    }
-    std::string couldNotRestore(const std::string& relative) const {
-        return "Could not restore " + home.path(relative) + ": An item already exists there";
     }
 
     RemovalHome home;
@@ -74,20 +66,6 @@ TEST_F(RemovalFault, trashThatIsNotWritableEndsTheAttempt) {
         fs::permissions(folder, fs::perms::owner_all);
         EXPECT_EQ(treeState(home.url().path()), before) << part;
     }
-}
-
-TEST_F(RemovalFault, oddNamesComeBackByteForByte) {
-    std::vector<std::string> items;
-    for (const std::string& name : oddNames()) {
-        home.write("odd/" + name, name);
-        items.push_back("odd/" + name);
-    }
-    const TreeState before = treeState(home.path("odd"));
-    const Receipts receipts = remove(items);
-    ASSERT_TRUE(receipts) << description(receipts);
-    EXPECT_TRUE(treeState(home.path("odd")).empty());
-    EXPECT_TRUE(home.cleaner().restore(*receipts).empty());
-    EXPECT_EQ(treeState(home.path("odd")), before);
 }
 
 TEST_F(RemovalFault, danglingLinkLeavesTheBatchUntouched) {
@@ -125,78 +103,63 @@ TEST_F(RemovalFault, moveWhoseAnswerIsLostIsDone) {
 }
 
 TEST_F(RemovalFault, occupiedPlaceKeepsBoth) {
-    const auto occupy = [&](const std::string& kind) {
-        if (kind == "file") {
-            home.write(kind, "occupant");
-        } else if (kind == "folder") {
-            home.makeFolder(kind);
-        } else if (kind == "same") {
-            fs::create_hard_link(home.path(".local/share/Trash/files/same"), home.path(kind));
-        } else {
-            home.makeLink(kind, "nowhere");
-        }
-    };
-    for (const std::string kind : {"file", "folder", "same", "link"}) {
-        home.write(kind, "item");
-        const Receipts receipts = remove({kind});
+    const std::map<std::string, std::function<void(const std::string&)>> occupants{
+        {"file", [&](const std::string& place) { home.write(place, "occupant"); }},
+        {"folder", [&](const std::string& place) { home.makeFolder(place); }},
+        {"dangling", [&](const std::string& place) { home.makeLink(place, "nowhere"); }},
+        {"same", [&](const std::string& place) {
+             fs::create_hard_link(home.path(".local/share/Trash/files/same"), home.path(place));
+         }}};
+    for (const auto& [item, occupy] : occupants) {
+        home.write(item, "item");
+        const Receipts receipts = remove({item});
         ASSERT_TRUE(receipts) << description(receipts);
-        // Before the test of the Cleaner, and between its test and the move.
-        for (const bool isLate : {true, false}) {
-            TreeState occupied;
-            const auto takePlace = [&] {
-                occupy(kind);
-                occupied = treeState(home.url().path());
-            };
-            if (!isLate) {
-                takePlace();
-            }
-            const auto trash =
-                isLate ? std::make_shared<InterruptedTrash>(home.trash, takePlace) : home.trash;
-            const std::vector<RemovalError> errors = home.cleanerWith(trash).restore(*receipts);
+        TreeState occupied;
+        const auto takePlace = [&, &name = item, &take = occupy] {
+            take(name);
+            occupied = treeState(home.path(""));
+        };
+        const auto expectBoth = [&, &name = item](const Cleaner& cleaner) {
+            const std::vector<RemovalError> errors = cleaner.restore(*receipts);
             ASSERT_EQ(errors.size(), 1U);
-            EXPECT_EQ(errors.front().description(), couldNotRestore(kind));
-            EXPECT_EQ(treeState(home.url().path()), occupied);
-            fs::remove(home.path(kind));
-        }
+            EXPECT_EQ(errors.front(),
+                      RemovalError::restoreFailed(home.path(name), "An item already exists there"));
+            EXPECT_EQ(treeState(home.path("")), occupied);
+            fs::remove(home.path(name));
+        };
+        // Between the test of the Cleaner and the move, and before either.
+        expectBoth(home.cleanerWith(home.trashAfter(takePlace)));
+        takePlace();
+        expectBoth(home.cleaner());
         EXPECT_TRUE(home.cleaner().restore(*receipts).empty());
-        EXPECT_EQ(home.read(kind), "item");
+        EXPECT_EQ(home.read(item), "item");
     }
 }
 
 /// What a batch of five must leave behind when its third item cannot be moved.
 class ImmovableItem : public RemovalFault {
   protected:
-    const std::vector<std::string> names = {"i1", "i2", "i3", "i4", "i5"};
-
-    void expectTwoMoved() const {
-        const TreeState infos = treeState(home.path(".local/share/Trash/info"));
-        for (const std::string& name : names) {
-            const bool isMoved = name == "i1" || name == "i2";
-            EXPECT_EQ(home.has("f/" + name), !isMoved) << name;
-            EXPECT_EQ(infos.contains("/" + trashInfoName(name)), isMoved) << name;
-        }
-        if (!hasProgram("trash-restore")) {
-            return;
-        }
-        for (const char* name : {"i1", "i2"}) {
-            runProgram({"trash-restore", home.path("f/") + name},
-                       {{"HOME", home.url().path()}, {"XDG_DATA_HOME", home.path(".local/share")}},
-                       "0\n");
-            EXPECT_EQ(home.read(std::string("f/") + name), name);
-        }
-    }
-    std::vector<std::string> paths() const {
-        std::vector<std::string> list;
-        for (const std::string& name : names) {
-            list.push_back("f/" + name);
-        }
-        return list;
-    }
     void SetUp() override {
-        for (const std::string& name : names) {
-            home.write("f/" + name, name);
+        for (const std::string& item : items) {
+            home.write(item, item);
         }
     }
+    void expectTwoMoved() const {
+        for (const std::string& item : items) {
+            const bool isMoved = item < "f/3";
+            EXPECT_EQ(home.has(item), !isMoved) << item;
+            EXPECT_EQ(home.has(".local/share/Trash/info/" + trashInfoName(item.substr(2))),
+                      isMoved);
+            if (isMoved && hasProgram("trash-restore")) {
+                runProgram({"trash-restore", home.path(item)},
+                           {{"HOME", home.path("")}, {"XDG_DATA_HOME", home.path(".local/share")}},
+                           "0\n");
+                EXPECT_EQ(home.read(item), item);
+            }
+        }
+    }
+
+    const std::vector<std::string> items{"f/1", "f/2", "f/3", "f/4", "f/5"};
 };
 
 TEST_F(ImmovableItem, ofAnotherOwnerEndsTheBatchThere) {
@@ -205,36 +168,32 @@ TEST_F(ImmovableItem, ofAnotherOwnerEndsTheBatchThere) {
     }
     giveToOrdinaryUser(home.url().path());
     ASSERT_EQ(::chown(home.path("f").c_str(), 0, 0), 0);
-    ASSERT_EQ(::chown(home.path("f/i3").c_str(), 0, 0), 0);
+    ASSERT_EQ(::chown(home.path("f/3").c_str(), 0, 0), 0);
     fs::permissions(home.path("f"), fs::perms::all | fs::perms::sticky_bit);
-    EXPECT_EQ(asOrdinaryUser([&] { return description(remove(paths())); }),
-              couldNotMove("f/i3", "Operation not permitted"));
+    EXPECT_EQ(asOrdinaryUser([&] { return description(remove(items)); }),
+              couldNotMove("f/3", "Operation not permitted"));
     expectTwoMoved();
 }
 
 TEST_F(ImmovableItem, ofTheImmutableKindEndsTheBatchThere) {
-    if (::geteuid() != 0 || runProgram({"chattr", "+i", home.path("f/i3")}).status != 0) {
+    if (::geteuid() != 0 || runProgram({"chattr", "+i", home.path("f/3")}).status != 0) {
         GTEST_SKIP() << "needs root and a file system with immutable files";
     }
-    EXPECT_EQ(description(remove(paths())), couldNotMove("f/i3", "Operation not permitted"));
-    EXPECT_EQ(runProgram({"chattr", "-i", home.path("f/i3")}).status, 0);
+    EXPECT_EQ(description(remove(items)), couldNotMove("f/3", "Operation not permitted"));
+    EXPECT_EQ(runProgram({"chattr", "-i", home.path("f/3")}).status, 0);
     expectTwoMoved();
 }
 
 TEST_F(ImmovableItem, thatWentBetweenCheckAndMoveEndsTheBatchThere) {
     int moves = 0;
-    const auto trash = std::make_shared<InterruptedTrash>(home.trash, [&] {
+    const auto trash = home.trashAfter([&] {
         if (++moves == 3) {
-            fs::rename(home.path("f/i3"), home.path("f/was3"));
+            fs::rename(home.path("f/3"), home.path("f/was3"));
         }
     });
-    std::vector<FileURL> items;
-    for (const std::string& path : paths()) {
-        items.push_back(home.url(path));
-    }
-    EXPECT_EQ(description(home.cleanerWith(trash).moveToTrash(items, home.url())),
-              couldNotMove("f/i3", "No such file or directory"));
-    fs::rename(home.path("f/was3"), home.path("f/i3"));
+    EXPECT_EQ(description(home.cleanerWith(trash).moveToTrash(home.urls(items), home.url())),
+              couldNotMove("f/3", "No such file or directory"));
+    fs::rename(home.path("f/was3"), home.path("f/3"));
     expectTwoMoved();
 }
 
@@ -245,9 +204,8 @@ TEST_F(RemovalFault, parentSwappedForALinkLeadsNowhere) {
         fs::rename(home.path("chosen/a"), home.path("chosen/b"));
         home.makeLink("chosen/a", "../outside");
     };
-    const auto trash = std::make_shared<InterruptedTrash>(home.trash, swap);
-    EXPECT_EQ(description(home.cleanerWith(trash).moveToTrash({home.url("chosen/a/item")},
-                                                              home.url("chosen"))),
+    const Cleaner cleaner = home.cleanerWith(home.trashAfter(swap));
+    EXPECT_EQ(description(cleaner.moveToTrash({home.url("chosen/a/item")}, home.url("chosen"))),
               couldNotMove("chosen/a/item", "Not a directory"));
     EXPECT_EQ(home.read("outside/item"), "precious");
     EXPECT_EQ(home.read("chosen/b/item"), "chosen");

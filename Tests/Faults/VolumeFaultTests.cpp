@@ -47,7 +47,6 @@ class VolumeFault : public testing::Test {
 };
 
 TEST_F(VolumeFault, noRoomForTheInfoFileLeavesTheItem) {
-    home.makeFolder("disk");
     const OwnMount disk = OwnMount::memory(home.path("disk"), "size=200k,nr_inodes=8");
     home.write("disk/item", "precious");
     home.makeFolder(personal("disk") + "/files");
@@ -68,7 +67,6 @@ TEST_F(VolumeFault, noRoomForTheInfoFileLeavesTheItem) {
 }
 
 TEST_F(VolumeFault, noRoomForTheTrashItselfIsTold) {
-    home.makeFolder("disk");
     const OwnMount disk = OwnMount::memory(home.path("disk"), "nr_inodes=2");
     home.write("disk/item", "precious");
     EXPECT_EQ(remove("disk/item"), "No space left on device");
@@ -76,27 +74,19 @@ TEST_F(VolumeFault, noRoomForTheTrashItselfIsTold) {
 }
 
 TEST_F(VolumeFault, readOnlyVolumeLeavesTheItem) {
-    home.makeFolder("disk");
     const OwnMount disk = OwnMount::memory(home.path("disk"));
-    home.write("disk/item");
-    disk.makeReadOnly();
-    EXPECT_EQ(remove("disk/item"), "Read-only file system");
-    EXPECT_EQ(treeState(home.path("disk")), (TreeState{{"/item", "file "}}));
-}
-
-TEST_F(VolumeFault, readOnlyVolumeWithATrashLeavesTheItem) {
-    home.makeFolder("disk");
-    const OwnMount disk = OwnMount::memory(home.path("disk"));
-    home.write("disk/first");
-    home.write("disk/item");
-    EXPECT_EQ(remove("disk/first"), personal("disk") + "/files/first");
-    disk.makeReadOnly();
-    EXPECT_EQ(remove("disk/item"), "Read-only file system");
-    EXPECT_TRUE(home.has("disk/item"));
+    for (const bool hasTrash : {false, true}) {
+        home.write("disk/item");
+        disk.makeReadOnly();
+        EXPECT_EQ(remove("disk/item"), "Read-only file system") << hasTrash;
+        EXPECT_EQ(home.has(personal("disk")), hasTrash);
+        EXPECT_TRUE(home.has("disk/item"));
+        disk.makeWritable();
+        EXPECT_EQ(remove("disk/item"), personal("disk") + "/files/item" + (hasTrash ? ".2" : ""));
+    }
 }
 
 TEST_F(VolumeFault, sharedTrashIsUsedOnlyWhenItIsSafe) {
-    home.makeFolder("disk");
     const OwnMount disk = OwnMount::memory(home.path("disk"));
     home.makeFolder("disk/.Trash");
     home.write("disk/a");
@@ -119,7 +109,6 @@ TEST_F(VolumeFault, sharedTrashIsUsedOnlyWhenItIsSafe) {
 }
 
 TEST_F(VolumeFault, linkInsteadOfATrashIsNeverWrittenThrough) {
-    home.makeFolder("disk");
     home.makeFolder("outside");
     const OwnMount disk = OwnMount::memory(home.path("disk"));
     home.write("disk/item", "precious");
@@ -137,7 +126,6 @@ TEST_F(VolumeFault, linkInsteadOfATrashIsNeverWrittenThrough) {
 }
 
 TEST_F(VolumeFault, linkInTheHomeTrashLeadsToTheNextPlace) {
-    home.makeFolder("disk");
     const OwnMount disk = OwnMount::memory(home.path("disk"));
     home.layout = HostLayout::freedesktop(home.url("disk/u"), {});
     home.trash = systemTrash(home.layout);
@@ -149,7 +137,6 @@ TEST_F(VolumeFault, linkInTheHomeTrashLeadsToTheNextPlace) {
 }
 
 TEST_F(VolumeFault, trashOfAnotherUserIsNotUsed) {
-    home.makeFolder("disk");
     const OwnMount disk = OwnMount::memory(home.path("disk"));
     home.makeFolder(personal("disk"));
     home.write("disk/item");
@@ -162,7 +149,6 @@ TEST_F(VolumeFault, trashOfAnotherUserIsNotUsed) {
 }
 
 TEST_F(VolumeFault, everyVolumeKeepsItsOwn) {
-    home.makeFolder("disk");
     const OwnMount disk = OwnMount::memory(home.path("disk"));
     home.write("disk/sub/item", "content");
     const ino_t before = inode(home.path("disk/sub/item"));
@@ -178,7 +164,6 @@ TEST_F(VolumeFault, everyVolumeKeepsItsOwn) {
 }
 
 TEST_F(VolumeFault, aliasOfTheSameDeviceKeepsItsOwn) {
-    home.makeFolder("alias");
     home.write("data/item", "content");
     const OwnMount alias = OwnMount::alias(home.path("data"), home.path("alias"));
     home.write("alias/.Trash-" + std::to_string(::geteuid()));
@@ -192,8 +177,6 @@ TEST_F(VolumeFault, aliasOfTheSameDeviceKeepsItsOwn) {
 }
 
 TEST_F(VolumeFault, mountPointsStayWhereTheyAre) {
-    home.makeFolder("folder/sub/disk");
-    home.makeFolder("alias");
     const OwnMount disk = OwnMount::memory(home.path("folder/sub/disk"));
     home.write("folder/sub/disk/file", "mounted");
     const std::string contains = "The folder contains a mount point";
@@ -207,7 +190,6 @@ TEST_F(VolumeFault, mountPointsStayWhereTheyAre) {
 }
 
 TEST_F(VolumeFault, mountsBelowALinkedRootAreLeftOutOfItsScan) {
-    home.makeFolder("real/disk");
     const OwnMount disk = OwnMount::memory(home.path("real/disk"));
     home.makeLink("way", "real");
     home.makeLink("all", "/");

@@ -1,7 +1,6 @@
 #include <HostKit/DeepEnumerator.h>
 #include <HostKit/FileManager.h>
 #include <HostKit/HostLayout.h>
-#include <Support/DeepTree.h>
 #include <Support/TemporaryHome.h>
 
 #include <gmock/gmock.h>
@@ -133,7 +132,7 @@ TEST_F(FileManagerTest, makesFoldersOnTheWay) {
 
 TEST_F(FileManagerTest, servesPathsBeyondTheSystemsLimit) {
     const std::string name(200, 'n');
-    const FileURL deepest = makeDeepTree(home.url(), 60, name, "content");
+    const FileURL deepest = home.makeDeep(60, name, "content");
     ASSERT_GT(deepest.path().size(), static_cast<std::size_t>(PATH_MAX));
     EXPECT_EQ(files->read(deepest.appending("f"), 100), "content");
     EXPECT_EQ(files->values(deepest.appending("f"))->fileSize, 7);
@@ -142,11 +141,10 @@ TEST_F(FileManagerTest, servesPathsBeyondTheSystemsLimit) {
     EXPECT_EQ(files->openDirectory(deepest, {}).value()->count(), 2U);
     const FileURL tooLong = home.url().appending(std::string(5000, 'n'));
     EXPECT_EQ(files->values(tooLong).error().code, ENAMETOOLONG);
-    removeDeepTree(home.url(name));
 }
 
 TEST_F(FileManagerTest, findsItsWayBackThoughFoldersMoveMeanwhile) {
-    const FileURL deepest = makeDeepTree(home.url(), 40, "d", "x");
+    const FileURL deepest = home.makeDeep(40, "d", "x");
     const std::string tenth = home.path("d/d/d/d/d/d/d/d/d/d");
     DeepEnumerator below(*files, home.url(), {});
     std::size_t items = 0;

@@ -1,6 +1,5 @@
 #include <HostKit/Trash.h>
 #include <HostKit/TrashInfo.h>
-#include <Support/DeepTree.h>
 #include <Support/TemporaryHome.h>
 #include <Support/TreeState.h>
 
@@ -165,7 +164,7 @@ TEST_F(TrashTest, removesOnlyTheInfoFileThatTellsOfTheItem) {
 }
 
 TEST_F(TrashTest, reachesItemsBeyondTheLongestPath) {
-    const FileURL item = makeDeepTree(home.url(), 45, std::string(100, 'd'), "").appending("f");
+    const FileURL item = home.makeDeep(45, std::string(100, 'd'), "").appending("f");
     ASSERT_GT(item.path().size(), 4096U);
     EXPECT_EQ(trashed(item), "f");
     EXPECT_EQ(TrashInfo::parse(home.read(info("f"))).value_or(TrashInfo{}).path, item.path());

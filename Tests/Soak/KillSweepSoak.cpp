@@ -1,4 +1,3 @@
-#include <Support/OtherPrograms.h>
 #include <Support/RemovalHome.h>
 #include <Support/RunProgram.h>
 #include <Support/TreeState.h>
@@ -10,7 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <sstream>
+#include <regex>
 
 namespace tolvane {
 namespace {
@@ -34,22 +33,18 @@ class KillSweep : public testing::Test {
         before = treeState(work);
     }
 
-    ProgramRun run(const Arguments& arguments) const {
-        return runProgram(arguments, {{"HOME", home.url().path()},
-                                      {"XDG_DATA_HOME", home.path(".local/share")},
-                                      {"XDG_STATE_HOME", home.path(".local/state")}});
-    }
-    ProgramRun tolvanectl(Arguments arguments, const Arguments& tracer = {}) const {
-        arguments.insert(arguments.begin(), TOLVANECTL);
-        arguments.insert(arguments.begin(), tracer.begin(), tracer.end());
-        return run(arguments);
+    ProgramRun tolvanectl(const Arguments& arguments, Arguments command = {}) const {
+        command.push_back(TOLVANECTL);
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        return runProgram(command, {{"HOME", home.path("")},
+                                    {"XDG_DATA_HOME", home.path(".local/share")},
+                                    {"XDG_STATE_HOME", home.path(".local/state")}});
     }
     Arguments trashCommand() const {
         Arguments command = {"--json", "trash", "--within", work};
-        for (const char* item : {"file", "folder", "link", "deep/er/not \xff UTF-8\n"}) {
-            const std::string path = work + "/" + item;
-            if (fs::symlink_status(path).type() != fs::file_type::not_found) {
-                command.push_back(path);
+        for (const std::string item : {"file", "folder", "link", "deep/er/not \xff UTF-8\n"}) {
+            if (home.has("work/" + item)) {
+                command.push_back(work + "/" + item);
             }
         }
         return command;
@@ -60,21 +55,16 @@ class KillSweep : public testing::Test {
         const std::string log = home.path("calls");
         const Arguments tracer = {"strace", "-f", "-o", log, "-e", "trace=%file,%desc"};
         EXPECT_EQ(tolvanectl(command, tracer).status, 0);
-        std::map<std::pair<std::string, std::string>, int> counts;
-        std::ifstream lines(log);
-        for (std::string line; std::getline(lines, line);) {
-            std::istringstream words(line);
-            std::string thread;
-            std::string call;
-            words >> thread >> call;
-            const std::size_t parenthesis = call.find('(');
-            if (parenthesis != std::string::npos) {
-                ++counts[{thread, call.substr(0, parenthesis)}];
-            }
-        }
+        std::map<std::string, int> counts;
         std::map<std::string, int> most;
-        for (const auto& [key, count] : counts) {
-            most[key.second] = std::max(most[key.second], count);
+        std::ifstream lines(log);
+        const std::regex start("^[0-9]+ +(\\w+)\\(");
+        std::smatch match;
+        for (std::string line; std::getline(lines, line);) {
+            if (std::regex_search(line, match, start)) {
+                int& ofAll = most[match[1]];
+                ofAll = std::max(ofAll, ++counts[match[0]]);
+            }
         }
         return most;
     }
@@ -83,20 +73,17 @@ class KillSweep : public testing::Test {
     /// both, or in neither, or without its info file shows as a difference.
     TreeState reassembled() const {
         TreeState state = treeState(work);
-        const fs::path info = home.layout.locations.homeTrash.appending("info").path();
-        if (!fs::exists(info)) {
-            return state;
-        }
-        for (const RemovalReceipt& receipt : receiptsFromTrash(home.layout)) {
+        const std::vector<RemovalReceipt> receipts = home.receiptsFromTrash();
+        const TreeState trash = receipts.empty() ? TreeState{} : treeState(files);
+        for (const RemovalReceipt& receipt : receipts) {
             const std::string original = receipt.original.path().substr(work.size());
             EXPECT_FALSE(state.contains(original)) << original << " is there twice";
-            const fs::path moved = home.path("moved");
-            fs::create_directory(moved);
-            fs::rename(receipt.trashed.path(), moved / "item");
-            for (const auto& [path, description] : treeState(moved)) {
-                state[original + path.substr(std::string("/item").size())] = description;
+            const std::string name = receipt.trashed.path().substr(files.size());
+            for (const auto& [path, description] : trash) {
+                if (liesWithin(path, name)) {
+                    state[original + path.substr(name.size())] = description;
+                }
             }
-            fs::rename(moved / "item", receipt.trashed.path());
         }
         for (const auto& [path, description] : TreeState(state)) {
             for (fs::path above = fs::path(path).parent_path(); above != "/";
@@ -132,6 +119,7 @@ class KillSweep : public testing::Test {
 
     RemovalHome home;
     const std::string work = home.path("work");
+    const std::string files = home.path(".local/share/Trash/files");
     TreeState before;
 };
 
@@ -142,7 +130,7 @@ TEST_F(KillSweep, trashLosesNothing) {
                   EXPECT_EQ(tolvanectl(again).status, 0);
               }
               EXPECT_EQ(treeState(work), (TreeState{{"/deep", "folder"}, {"/deep/er", "folder"}}));
-              EXPECT_TRUE(home.cleaner().restore(receiptsFromTrash(home.layout)).empty());
+              EXPECT_TRUE(home.cleaner().restore(home.receiptsFromTrash()).empty());
               EXPECT_EQ(treeState(work), before);
               fs::remove_all(home.layout.locations.homeTrash.path());
           });

@@ -1,21 +1,24 @@
-#include "RemovalModel.h"
-
+#include <HostKit/Text.h>
 #include <HostKit/TrashInfo.h>
 #include <Support/OddNames.h>
 #include <Support/RemovalHome.h>
+#include <Support/TreeState.h>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <random>
 
 namespace tolvane {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::IsEmpty;
 using Paths = std::vector<std::string>;
 using Receipts = std::vector<RemovalReceipt>;
 
@@ -23,154 +26,217 @@ constexpr int sequenceCount = 10000;
 constexpr std::size_t treeSize = 24;
 constexpr std::size_t largestTrash = 40;
 
-/// What two states do not have in common, for people.
-std::string difference(const TreeState& found, const TreeState& expected) {
-    std::string text;
-    for (const auto& [path, description] : found) {
-        if (!expected.contains(path) || expected.at(path) != description) {
-            text += "found " + testing::PrintToString(path) + ": " + description + "\n";
+bool isBelow(const std::string& path, const std::string& folder) {
+    return path.starts_with(folder + "/");
+}
+
+/// What removal and undo must do to a folder and its Trash, told plainly. Paths begin with "/" and
+/// are below the folder.
+struct Model {
+    struct Trashed {
+        std::string original;
+        /// Keyed by the path below the item, "" for itself.
+        TreeState content;
+    };
+
+    bool has(const std::string& path) const { return tree.contains(path); }
+
+    /// A choice without what lies in another item of it, in the order of removal.
+    static Paths withoutNested(const Paths& paths) {
+        Paths kept;
+        for (const std::string& path : paths) {
+            const bool isNested = std::ranges::any_of(
+                paths, [&](const std::string& other) { return isBelow(path, other); });
+            if (!isNested && std::ranges::find(kept, path) == kept.end()) {
+                kept.push_back(path);
+            }
+        }
+        std::ranges::stable_sort(kept, {}, [](const auto& path) { return characterCount(path); });
+        return kept;
+    }
+
+    void moveToTrash(const std::string& path, const std::string& name) {
+        trash[name] = {path, {}};
+        std::erase_if(tree, [&](const auto& entry) {
+            const bool goes = entry.first == path || isBelow(entry.first, path);
+            if (goes) {
+                trash[name].content[entry.first.substr(path.size())] = entry.second;
+            }
+            return goes;
+        });
+    }
+
+    bool mayPutBack(const std::string& name) const {
+        const auto found = trash.find(name);
+        return found != trash.end() && !has(found->second.original) &&
+               std::ranges::none_of(tree, [&](const auto& entry) {
+                   return entry.second != "folder" && isBelow(found->second.original, entry.first);
+               });
+    }
+
+    void makeFoldersAbove(const std::string& path) {
+        for (std::size_t end = path.rfind('/'); end > 0; end = path.rfind('/', end - 1)) {
+            tree.try_emplace(path.substr(0, end), "folder");
         }
     }
-    for (const auto& [path, description] : expected) {
-        if (!found.contains(path)) {
-            text += "expected " + testing::PrintToString(path) + ": " + description + "\n";
+
+    void putBack(const std::string& name) {
+        const Trashed item = trash.at(name);
+        makeFoldersAbove(item.original);
+        for (const auto& [below, description] : item.content) {
+            tree[item.original + below] = description;
         }
+        trash.erase(name);
     }
-    return text;
+
+    TreeState tree;
+    /// Keyed by the name in the Trash.
+    std::map<std::string, Trashed> trash;
+};
+
+/// What is in one of two states only, or not the same in both.
+template <class State>
+std::vector<typename State::value_type> difference(const State& found, const State& expected) {
+    std::vector<typename State::value_type> entries;
+    std::set_symmetric_difference(found.begin(), found.end(), expected.begin(), expected.end(),
+                                  std::back_inserter(entries));
+    return entries;
+}
+
+std::string nameInTrash(const RemovalReceipt& receipt) {
+    return std::string(receipt.trashed.lastPathComponent());
 }
 
 /// A folder with things in it, its Trash, and the model that both must agree with.
 class RandomRemovals : public testing::Test {
   protected:
-    void SetUp() override {
-        home.makeFolder("root");
-        home.write("target");
-    }
-
     std::size_t pick(std::size_t count) { return random() % count; }
-    FileURL url(const std::string& path) const { return FileURL(root + path); }
     std::string pathOf(const FileURL& item) const { return item.path().substr(root.size()); }
-    std::string trashFolder() const { return home.layout.locations.homeTrash.path(); }
 
     std::string anyPath() {
-        auto entry = model.tree.begin();
-        std::advance(entry, static_cast<std::ptrdiff_t>(pick(model.tree.size())));
-        return entry->first;
+        return std::next(model.tree.begin(), static_cast<int>(pick(model.tree.size())))->first;
     }
 
-    /// Somewhere below a folder that there is; often where something trashed once was.
-    std::string newPath() {
+    /// Makes something below a folder that there is; often where something trashed once was.
+    void create() {
         std::string folder = model.tree.empty() || pick(3) == 0 ? "" : anyPath();
         while (!folder.empty() && model.tree.at(folder) != "folder") {
             folder.resize(folder.rfind('/'));
         }
         const Paths names = oddNames();
-        return folder + "/" + (pick(2) == 0 ? names[pick(names.size())] : "n");
-    }
-
-    void create() {
-        const std::string path = newPath();
+        const std::string path = folder + "/" + (pick(2) == 0 ? names[pick(names.size())] : "n");
+        const std::size_t kind = pick(4);
         if (model.has(path)) {
             return;
         }
-        switch (pick(4)) {
-        case 0:
-        case 1:
-            fs::create_directory(root + path);
-            model.tree[path] = "folder";
-            break;
-        case 2:
-            fs::create_symlink(pick(2) == 0 ? fs::path("gone") : target, root + path);
-            model.tree[path] = "link to " + fs::read_symlink(root + path).native();
-            break;
-        default:
+        if (kind < 2) {
+            home.makeFolder("root" + path);
+        } else if (kind == 2) {
+            home.makeLink("root" + path, pick(2) == 0 ? "gone" : target);
+        } else {
             home.write("root" + path, std::to_string(++fileCount));
-            model.tree[path] = "file " + std::to_string(fileCount);
         }
-    }
-
-    Paths chosen() {
-        Paths paths;
-        for (std::size_t count = 1 + pick(4); count > 0; --count) {
-            paths.push_back(anyPath());
-        }
-        return paths;
+        model.tree[path] = treeState(root).at(path);
     }
 
     void remove() {
-        const Paths paths = chosen();
+        Paths paths;
         std::vector<FileURL> items;
         bool isValid = true;
-        for (const std::string& path : paths) {
-            items.push_back(url(path));
-            isValid = isValid && fs::exists(root + path);
+        for (std::size_t count = 1 + pick(4); count > 0; --count) {
+            paths.push_back(anyPath());
+            items.emplace_back(root + paths.back());
+            isValid = isValid && fs::exists(items.back().path());
         }
+        const auto move = [&] { return home.cleaner().moveToTrash(items, FileURL(root)); };
         if (pick(4) == 0) {
-            killed([&] { static_cast<void>(home.cleaner().moveToTrash(items, FileURL(root))); });
-            for (const std::string& path : RemovalModel::withoutNested(paths)) {
+            killed([&] { static_cast<void>(move()); });
+            for (const std::string& path : Model::withoutNested(paths)) {
                 noteIfMoved(path);
             }
             return;
         }
-        const auto moved = home.cleaner().moveToTrash(items, FileURL(root));
+        const auto moved = move();
         ASSERT_EQ(moved.has_value(), isValid);
         Paths originals;
         for (const RemovalReceipt& receipt : moved.value_or(Receipts{})) {
             originals.push_back(pathOf(receipt.original));
             note(receipt);
         }
-        ASSERT_EQ(originals, isValid ? RemovalModel::withoutNested(paths) : Paths{});
+        ASSERT_EQ(originals, isValid ? Model::withoutNested(paths) : Paths{});
     }
 
     void note(const RemovalReceipt& receipt) {
-        const std::string name(receipt.trashed.lastPathComponent());
+        const std::string name = nameInTrash(receipt);
         ASSERT_FALSE(model.trash.contains(name)) << "a name of another item was given again";
         model.moveToTrash(pathOf(receipt.original), name);
         receipts.push_back(receipt);
     }
 
-    /// Whether its name in the Trash has not been given to another item since.
-    bool isCurrent(const RemovalReceipt& receipt) const {
-        const auto found = model.trash.find(std::string(receipt.trashed.lastPathComponent()));
-        return found == model.trash.end() || found->second.original == pathOf(receipt.original);
+    void noteIfMoved(const std::string& path) {
+        if (!model.has(path) || home.has("root" + path)) {
+            return;
+        }
+        for (const RemovalReceipt& receipt : home.receiptsFromTrash()) {
+            if (pathOf(receipt.original) == path && !model.trash.contains(nameInTrash(receipt))) {
+                note(receipt);
+                return;
+            }
+        }
+        FAIL() << path << " is lost";
     }
 
     void putBack() {
-        std::erase_if(receipts, [&](const auto& receipt) { return !isCurrent(receipt); });
+        // Less those whose name in the Trash was given to another item since.
+        std::erase_if(receipts, [&](const RemovalReceipt& receipt) {
+            const auto found = model.trash.find(nameInTrash(receipt));
+            return found != model.trash.end() && found->second.original != pathOf(receipt.original);
+        });
         Receipts some;
         for (std::size_t count = 1 + pick(4); count > 0; --count) {
             some.push_back(receipts[pick(receipts.size())]);
         }
-        if (pick(4) == 0) {
+        const bool isKilled = pick(4) == 0;
+        std::size_t errors = 0;
+        if (isKilled) {
             killed([&] { static_cast<void>(home.cleaner().restore(some)); });
-            for (const RemovalReceipt& receipt : some) {
-                noteIfBack(receipt);
-            }
-            return;
+        } else {
+            errors = home.cleaner().restore(some).size();
         }
-        std::size_t failures = 0;
         for (const RemovalReceipt& receipt : some) {
-            const std::string name(receipt.trashed.lastPathComponent());
-            if (model.mayPutBack(name)) {
+            const std::string name = nameInTrash(receipt);
+            const bool isBack =
+                !isKilled || !fs::exists(fs::symlink_status(receipt.trashed.path()));
+            if (model.mayPutBack(name) && isBack) {
                 model.putBack(name);
-            } else {
-                ++failures;
+            } else if (!isKilled) {
+                ASSERT_GT(errors--, 0U);
+            } else if (model.trash.contains(name)) {
+                noteFoldersAbove(pathOf(receipt.original));
             }
         }
-        ASSERT_EQ(home.cleaner().restore(some).size(), failures);
+        ASSERT_EQ(errors, 0U);
+    }
+
+    /// The folders for an item may be there without it.
+    void noteFoldersAbove(const fs::path& path) {
+        for (fs::path folder = path.parent_path(); folder != "/"; folder = folder.parent_path()) {
+            if (fs::is_directory(fs::symlink_status(root + folder.native()))) {
+                model.tree.try_emplace(folder, "folder");
+            }
+        }
     }
 
     /// Somebody deletes from the Trash for good.
     void emptyTrash() {
-        for (auto item = model.trash.begin(); item != model.trash.end();) {
-            if (pick(4) == 0) {
-                ++item;
-                continue;
+        std::erase_if(model.trash, [&](const auto& item) {
+            const bool goes = pick(4) > 0;
+            if (goes) {
+                fs::remove_all(trash + "/files/" + item.first);
+                fs::remove(trash + "/info/" + trashInfoName(item.first));
             }
-            fs::remove_all(trashFolder() + "/files/" + item->first);
-            fs::remove(trashFolder() + "/info/" + trashInfoName(item->first));
-            item = model.trash.erase(item);
-        }
+            return goes;
+        });
     }
 
     /// Does it in a process that is killed at any moment, or just after it was done.
@@ -188,80 +254,30 @@ class RandomRemovals : public testing::Test {
         killCount += WIFSIGNALED(status) ? 1 : 0;
     }
 
-    static bool isThere(const FileURL& item) {
-        return fs::symlink_status(item.path()).type() != fs::file_type::not_found;
-    }
-
-    void noteIfMoved(const std::string& path) {
-        if (!model.has(path) || isThere(url(path))) {
-            return;
-        }
-        for (const auto& [name, original] : recorded()) {
-            if (original == root + path && !model.trash.contains(name)) {
-                note({freshIdentifier(), url(path), FileURL(trashFolder() + "/files/" + name)});
-                return;
-            }
-        }
-        FAIL() << path << " is lost";
-    }
-
-    void noteIfBack(const RemovalReceipt& receipt) {
-        const std::string name(receipt.trashed.lastPathComponent());
-        if (model.mayPutBack(name) && !isThere(receipt.trashed)) {
-            model.putBack(name);
-        } else if (model.trash.contains(name)) {
-            makeFoldersOf(receipt);
-        }
-    }
-
-    /// The folders for an item may be there without it.
-    void makeFoldersOf(const RemovalReceipt& receipt) {
-        for (fs::path folder = fs::path(receipt.original.path()).parent_path();
-             folder.native().size() > root.size(); folder = folder.parent_path()) {
-            if (fs::is_directory(fs::symlink_status(folder))) {
-                model.tree.try_emplace(folder.native().substr(root.size()), "folder");
-            }
-        }
-    }
-
-    /// What the info files tell of the items that are in the Trash.
-    std::map<std::string, std::string> recorded() const {
-        std::map<std::string, std::string> places;
-        if (!fs::exists(trashFolder() + "/info")) {
-            return places;
-        }
-        for (const auto& entry : fs::directory_iterator(trashFolder() + "/info")) {
-            const std::string name = entry.path().stem().native();
-            if (isThere(FileURL(trashFolder() + "/files/" + name))) {
-                const std::string text =
-                    home.read(".local/share/Trash/info/" + entry.path().filename().native());
-                places[name] = TrashInfo::parse(text).value_or(TrashInfo{}).path;
-            }
-        }
-        return places;
-    }
-
-    void check() {
-        ASSERT_TRUE(treeState(root) == model.tree) << difference(treeState(root), model.tree);
+    void check() const {
+        ASSERT_THAT(difference(treeState(root), model.tree), IsEmpty());
         TreeState expected;
-        std::map<std::string, std::string> expectedPlaces;
+        std::map<std::string, std::string> places;
         for (const auto& [name, item] : model.trash) {
-            expectedPlaces[name] = root + item.original;
-            const std::string place = "/" + name;
+            places[name] = item.original;
             for (const auto& [below, description] : item.content) {
-                expected[place + below] = description;
+                expected["/" + name + below] = description;
             }
         }
-        const std::string files = trashFolder() + "/files";
-        const TreeState inTrash = fs::exists(files) ? treeState(files) : TreeState{};
-        ASSERT_TRUE(inTrash == expected) << difference(inTrash, expected);
-        ASSERT_TRUE(recorded() == expectedPlaces) << difference(recorded(), expectedPlaces);
+        const TreeState inTrash = fs::exists(trash) ? treeState(trash + "/files") : TreeState{};
+        ASSERT_THAT(difference(inTrash, expected), IsEmpty());
+        std::map<std::string, std::string> recorded;
+        for (const RemovalReceipt& receipt : home.receiptsFromTrash()) {
+            recorded[nameInTrash(receipt)] = pathOf(receipt.original);
+        }
+        ASSERT_THAT(difference(recorded, places), IsEmpty());
     }
 
     RemovalHome home;
-    const std::string root = home.path("root");
-    const fs::path target = home.path("target");
-    RemovalModel model;
+    const std::string root = home.makeFolder("root").path();
+    const std::string target = home.write("target").path();
+    const std::string trash = home.layout.locations.homeTrash.path();
+    Model model;
     Receipts receipts;
     std::mt19937 random{20261115};
     int fileCount = 0;

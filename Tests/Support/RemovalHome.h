@@ -3,6 +3,7 @@
 #include <CleanupKit/Cleaner.h>
 #include <Support/TemporaryHome.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,12 +20,15 @@ class RemovalHome : public TemporaryHome {
         , trash(systemTrash(layout)) {}
     using TemporaryHome::url;
 
+    std::vector<FileURL> urls(const std::vector<std::string>& relative) const;
     Cleaner cleaner() const { return cleanerWith(trash); }
-    Cleaner cleanerWith(std::shared_ptr<const Trash> other) const {
-        const ProtectionPolicy nothing(std::vector<std::string>{}, std::vector<std::string>{},
-                                       layout.protection);
-        return Cleaner(nothing, url(), files, std::move(other));
-    }
+    Cleaner cleanerWith(std::shared_ptr<const Trash> other) const;
+    /// The Trash, with something that happens between the checks of its caller and each move.
+    std::shared_ptr<const Trash> trashAfter(std::function<void()> before) const;
+    /// A receipt for every item in the Trash that has an info file; a test fails when that is not
+    /// valid.
+    std::vector<RemovalReceipt> receiptsFromTrash() const;
+    bool isTrashEmpty() const;
 
     HostLayout layout;
     std::shared_ptr<const FileManager> files;

@@ -8,14 +8,14 @@
 #include <iterator>
 
 namespace tolvane {
-namespace {
 
 namespace fs = std::filesystem;
 
-}
+TemporaryHome::TemporaryHome()
+    : TemporaryHome(fs::canonical(fs::temp_directory_path())) {}
 
-TemporaryHome::TemporaryHome() {
-    std::string pattern = fs::canonical(fs::temp_directory_path()) / "tolvane-test-XXXXXX";
+TemporaryHome::TemporaryHome(const std::string& folder) {
+    std::string pattern = folder + "/tolvane-test-XXXXXX";
     if (::mkdtemp(pattern.data()) == nullptr) {
         throw fs::filesystem_error("mkdtemp", pattern,
                                    std::error_code(errno, std::generic_category()));
@@ -27,8 +27,8 @@ TemporaryHome::~TemporaryHome() {
     if (::testing::Test::HasFailure()) {
         return;
     }
-    std::error_code ignored;
-    fs::remove_all(url_.path(), ignored);
+    // However deep it is, which the usual calls refuse.
+    EXPECT_EQ(std::system(("rm -rf " + url_.path()).c_str()), 0);
 }
 
 std::string TemporaryHome::path(std::string_view relative) const {
@@ -52,6 +52,21 @@ FileURL TemporaryHome::makeLink(std::string_view relative, std::string_view targ
     fs::create_directories(link.parent_path());
     fs::create_symlink(fs::path(target), link);
     return FileURL(link);
+}
+
+FileURL TemporaryHome::makeDeep(std::size_t levels, std::string_view name,
+                                std::string_view content) const {
+    // From the bottom up, so that no path grows too long on the way.
+    FileURL deepest = url_;
+    for (std::size_t level = 0; level < levels; ++level) {
+        write(".next/f", content);
+        if (level > 0) {
+            fs::rename(path(name), path(".next") + "/" + std::string(name));
+        }
+        fs::rename(path(".next"), path(name));
+        deepest = deepest.appending(name);
+    }
+    return deepest;
 }
 
 std::string TemporaryHome::read(std::string_view relative) const {

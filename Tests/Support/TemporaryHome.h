@@ -13,6 +13,7 @@ namespace tolvane {
 class TemporaryHome {
   public:
     TemporaryHome();
+    explicit TemporaryHome(const std::string& folder);
     ~TemporaryHome();
     TemporaryHome(const TemporaryHome&) = delete;
     TemporaryHome& operator=(const TemporaryHome&) = delete;
@@ -26,6 +27,9 @@ class TemporaryHome {
     FileURL write(std::string_view relative, std::string_view content = "") const;
     FileURL makeFolder(std::string_view relative) const;
     FileURL makeLink(std::string_view relative, std::string_view target) const;
+    /// Makes a chain of folders that all bear `name`, each with one file "f" of `content`; paths
+    /// longer than PATH_MAX may come of it. Gives the deepest folder.
+    FileURL makeDeep(std::size_t levels, std::string_view name, std::string_view content) const;
     /// The content of a file; a test fails when it cannot be read.
     std::string read(std::string_view relative) const;
     /// Whether an item bears this path, links not followed.

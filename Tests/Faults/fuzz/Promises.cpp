@@ -1,4 +1,4 @@
-#include "Properties.h"
+#include "Promises.h"
 
 #include <HostKit/FileURL.h>
 #include <HostKit/Text.h>
