@@ -68,26 +68,6 @@ TEST_F(RemovalFault, trashThatIsNotWritableEndsTheAttempt) {
     }
 }
 
-TEST_F(RemovalFault, danglingLinkLeavesTheBatchUntouched) {
-    home.write("a");
-    home.makeLink("link", "gone");
-    EXPECT_EQ(description(remove({"a", "link"})), "Item no longer exists: " + home.path("link"));
-    EXPECT_TRUE(home.has("a"));
-    EXPECT_TRUE(home.has("link"));
-}
-
-TEST_F(RemovalFault, linkMovesWithoutItsTarget) {
-    home.write("folder/file", "content");
-    home.makeLink("links/relative", "../folder");
-    const TreeState before = treeState(home.path("links"));
-    const Receipts receipts = remove({"links/relative"});
-    ASSERT_TRUE(receipts) << description(receipts);
-    EXPECT_EQ(home.read("folder/file"), "content");
-    EXPECT_FALSE(home.has("links/relative"));
-    EXPECT_TRUE(home.cleaner().restore(*receipts).empty());
-    EXPECT_EQ(treeState(home.path("links")), before);
-}
-
 TEST_F(RemovalFault, moveWhoseAnswerIsLostIsDone) {
     home.write("item", "precious");
     losesAnswers = true;

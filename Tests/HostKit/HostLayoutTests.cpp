@@ -67,12 +67,11 @@ TEST(HostLayout, followsAbsoluteBaseDirectoriesOnly) {
                                                        {"XDG_CACHE_HOME", "/x/./cache"},
                                                        {"XDG_STATE_HOME", "/s"},
                                                        {"XDG_DOWNLOAD_DIR", "/big/downloads"}});
-    EXPECT_EQ(moved.locations.homeTrash.path(), "/d/Trash");
-    EXPECT_EQ(moved.locations.userDefaultsFile.path(), "/c/Tolvane/Tolvane.conf");
+    EXPECT_THAT(
+        described(moved),
+        testing::IsSupersetOf({"/d/Trash", "/c/Tolvane/Tolvane.conf", "/s", "/big/downloads",
+                               "Downloads | arrow.down.circle | /big/downloads"}));
     EXPECT_EQ(moved.locations.purgeableFolder, FileURL("/x/cache"));
-    EXPECT_EQ(moved.locations.libraryDirectory.path(), "/s");
-    EXPECT_EQ(moved.locations.downloads.path(), "/big/downloads");
-    EXPECT_EQ(moved.quickLocations[1].url.path(), "/big/downloads");
 
     const HostLayout ignored = HostLayout::freedesktop(
         FileURL("/home/ada"),
@@ -90,30 +89,16 @@ TEST(HostLayout, namesHomesByTheirUsualName) {
     EXPECT_EQ(layout.underHome(FileURL("/var/homes/ada")).path(), "/var/homes/ada");
 }
 
-/// The layout of this machine follows the environment of the process: here a home of its own.
-class CurrentLayout : public ::testing::Test {
-  protected:
-    CurrentLayout() {
-        ::setenv("HOME", home.url().path().c_str(), 1);
-        ::setenv("XDG_DATA_HOME", "relative", 1);
-        ::unsetenv("XDG_CONFIG_HOME");
-        ::unsetenv("XDG_DOWNLOAD_DIR");
-    }
-
-    TemporaryHome home;
-};
-
-TEST_F(CurrentLayout, followsTheEnvironment) {
+TEST(HostLayout, ofThisMachineFollowsTheEnvironment) {
+    const TemporaryHome home;
+    ::setenv("HOME", home.url().path().c_str(), 1);
+    ::setenv("XDG_DATA_HOME", "relative", 1);
+    ::unsetenv("XDG_CONFIG_HOME");
+    ::unsetenv("XDG_DOWNLOAD_DIR");
     const HostLayout layout = HostLayout::current();
     EXPECT_EQ(layout.locations.home, home.url());
     EXPECT_EQ(layout.locations.homeTrash, home.url(".local/share/Trash"));
     EXPECT_EQ(layout.locations.downloads, home.url("Downloads"));
-    ::setenv("HOME", "somewhere", 1);
-    EXPECT_TRUE(HostLayout::current().locations.home.path().starts_with('/'))
-        << "the password database decides";
-}
-
-TEST_F(CurrentLayout, readsTheFolderForDownloads) {
     const auto downloadsWith = [&](std::string_view table) {
         home.write(".config/user-dirs.dirs", table);
         return HostLayout::current().locations.downloads;
@@ -127,6 +112,9 @@ TEST_F(CurrentLayout, readsTheFolderForDownloads) {
           "XDG_DOWNLOAD_DIR=", "#XDG_DOWNLOAD_DIR=\"/no\"\n", "XDG_DOWNLOAD_DIR=\"$HOMER/x\"\n"}) {
         EXPECT_EQ(downloadsWith(useless), home.url("Downloads")) << useless;
     }
+    ::setenv("HOME", "somewhere", 1);
+    EXPECT_TRUE(HostLayout::current().locations.home.path().starts_with('/'))
+        << "the password database decides";
 }
 
 }

@@ -45,12 +45,14 @@ class TrashTest : public testing::Test {
 
 TEST_F(TrashTest, movesAnItemWithItsInfoFileAndBack) {
     home.write("docs/a b/file", "content");
-    home.makeLink("docs/link", "../gone");
+    home.makeLink("docs/link", "../target");
+    home.write("target/file");
     const TreeState before = treeState(home.path("docs"));
 
     EXPECT_EQ(trashed(home.url("docs/a b")), "a b");
     EXPECT_EQ(trashed(home.url("docs/link")), "link");
     EXPECT_TRUE(treeState(home.path("docs")).empty());
+    EXPECT_TRUE(home.has("target/file")) << "a link moves alone";
     EXPECT_EQ(home.read(trashFolder + "/files/a b/file"), "content");
     EXPECT_THAT(home.read(info("a b")),
                 testing::MatchesRegex("\\[Trash Info\\]\nPath=" + home.path("docs/a%20b") +

@@ -10,7 +10,7 @@
 namespace tolvane {
 namespace {
 
-using testing::UnorderedElementsAre;
+using testing::ElementsAre;
 
 constexpr const char* logPath = "state/Logs/Tolvane/scan.log";
 constexpr Date launchTime = 1'794'773'666;
@@ -45,9 +45,9 @@ TEST_F(DiagnosticsTest, findsOnlyRecentReportsOfThisApplication) {
     writeReport(".Tolvane-hidden.crash", 1);
     writeReport("tolvane-small.crash", 1);
     writeReport("Other.crash", 1);
-    EXPECT_THAT(diagnostics.recentCrashReports(7),
-                UnorderedElementsAre(
-                    home.url("state/Logs/DiagnosticReports/Tolvane-2026-11-09-101112.crash")));
+    EXPECT_THAT(
+        diagnostics.recentCrashReports(7),
+        ElementsAre(home.url("state/Logs/DiagnosticReports/Tolvane-2026-11-09-101112.crash")));
 }
 
 TEST_F(DiagnosticsTest, recordsEveryRecentReportOrThatThereIsNone) {
