@@ -13,18 +13,25 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The calls in a source file that take an item off a disk or may write over one; functions of the
-/// same names that give nothing back are our own.
+/// The calls in a source file that take an item off a disk or may write over one. Functions of the
+/// same names that a file defines, and that give nothing back, are our own.
 std::set<std::string> destructiveCalls(const fs::path& path) {
-    static const std::regex declaration(R"(\bvoid\s+(\w+::)*\w+\()");
+    static const std::regex definition(R"(\bvoid\s+(?:\w+::)*(\w+)\()");
     static const std::regex call(
-        R"((?:^|[^\w.>])(unlink|unlinkat|rmdir|remove|remove_all|rename|renameat|renameat2)\s*\()");
+        R"((::|[^\w.>])(unlink|unlinkat|rmdir|remove|remove_all|rename|renameat|renameat2)\s*\()");
+    const std::sregex_iterator end;
     std::ifstream file(path);
-    const std::string text =
-        std::regex_replace(std::string(std::istreambuf_iterator<char>(file), {}), declaration, "");
+    std::string text(std::istreambuf_iterator<char>(file), {});
+    std::set<std::string> ours;
+    for (std::sregex_iterator match(text.begin(), text.end(), definition); match != end; ++match) {
+        ours.insert((*match)[1]);
+    }
+    text = std::regex_replace(text, definition, "");
     std::set<std::string> found;
-    for (std::sregex_iterator match(text.begin(), text.end(), call), end; match != end; ++match) {
-        found.insert((*match)[1]);
+    for (std::sregex_iterator match(text.begin(), text.end(), call); match != end; ++match) {
+        if ((*match)[1] == "::" || !ours.contains((*match)[2])) {
+            found.insert((*match)[2]);
+        }
     }
     return found;
 }
