@@ -16,7 +16,10 @@ Ground {
         PrimaryButton { text: "Disabled"; enabled: false }
         PlainButton { text: "Disabled"; enabled: false; iconName: "edit-undo" }
         DestructiveButton { text: "Disabled"; enabled: false }
-        PlainButton { text: "Focused"; Component.onCompleted: forceActiveFocus(Qt.TabFocusReason) }
+        PlainButton {
+            text: "Focused"
+            Timer { running: true; interval: 50; onTriggered: parent.forceActiveFocus(Qt.TabFocusReason) }
+        }
         IconButton { iconName: "go-previous"; text: "Back" }
         IconButton { iconName: "go-up"; text: "Up"; enabled: false }
         IconButton { iconName: "view-refresh"; text: "Scan again"; checked: true; checkable: true }

@@ -30,19 +30,22 @@ Ground {
         color: Theme.surface
         border.color: Theme.line
 
+        Timer { running: true; interval: 50; onTriggered: { table.forceActiveFocus(Qt.TabFocusReason); table.showRow(2); } }
         DataTable {
+            id: table
+
             anchors.fill: parent
             anchors.margins: 1
             sortKey: 1
             isDescending: true
             accessibleRole: "name"
-            currentIndex: 2
+            selectedRole: "isMarked"
             model: ListModel {
                 id: rows
 
                 Component.onCompleted: {
                     for (let i = 0; i < 60; ++i) {
-                        append({name: i === 3 ? "<b>bold</b> & a very long name of a file that is elided.tar.gz" : "Folder " + i,
+                        append({isMarked: i === 6, name: i === 3 ? "<b>bold</b> & a very long name of a file that is elided.tar.gz" : "Folder " + i,
                                 iconName: i % 4 ? "text-x-generic" : "folder", tick: i % 4, share: 1 / (i + 1), sizeText: (1111 / (i + 1)).toFixed(1) + " MB",
                                 itemsText: i % 4 ? "" : (4711 * i).toString(), modifiedText: "2024-03-11"});
                     }
