@@ -12,16 +12,8 @@ using Paths = std::vector<std::string>;
 
 class CleanerTest : public testing::Test {
   protected:
-    std::vector<FileURL> urls(const Paths& relative) const {
-        std::vector<FileURL> list;
-        for (const std::string& path : relative) {
-            list.push_back(home.url(path));
-        }
-        return list;
-    }
-
     Paths validated(const Paths& relative) const {
-        const auto valid = cleaner.validate(urls(relative), home.url());
+        const auto valid = cleaner.validate(home.urls(relative), home.url());
         EXPECT_TRUE(valid.has_value()) << valid.error().description();
         Paths paths;
         for (const FileURL& url : valid.value_or(std::vector<FileURL>{})) {
@@ -98,7 +90,7 @@ TEST_F(CleanerTest, bringsBackWhatItMoved) {
     home.makeLink("p/link", "../p/other");
     const TreeState before = treeState(home.path("p"));
     const auto receipts = cleaner.moveToTrash(
-        urls({"p/app/build", "p/app", "p/link", "p/other", "p/app"}), home.url("p"));
+        home.urls({"p/app/build", "p/app", "p/link", "p/other", "p/app"}), home.url("p"));
     ASSERT_TRUE(receipts) << receipts.error().description();
     ASSERT_EQ(receipts->size(), 3U);
     EXPECT_TRUE(treeState(home.path("p")).empty());
@@ -114,7 +106,7 @@ TEST_F(CleanerTest, attemptsEveryReceipt) {
     for (const char* path : {"a", "b", "c"}) {
         home.write(path, path);
     }
-    const auto receipts = cleaner.moveToTrash(urls({"a", "b", "c"}), home.url());
+    const auto receipts = cleaner.moveToTrash(home.urls({"a", "b", "c"}), home.url());
     ASSERT_TRUE(receipts);
     std::filesystem::remove(receipts->at(0).trashed.path());
     home.makeLink("b", "nowhere");
@@ -147,7 +139,7 @@ TEST_F(CleanerTest, tellsWhyTheTrashDidNotTakeAnItem) {
     const auto reporting = std::make_shared<ReportingTrash>();
     const auto refusedFrom = [&](const std::string& item, const Paths& within) {
         const auto moved =
-            home.cleanerWith(reporting).moveToTrash(urls({item}), urls(within), false);
+            home.cleanerWith(reporting).moveToTrash(home.urls({item}), home.urls(within), false);
         return moved ? "" : moved.error().description();
     };
     EXPECT_EQ(refusedFrom("none", {""}),

@@ -108,59 +108,58 @@ TEST(FileTreeScanner, takesLinksForLeavesUnlessAskedToFollow) {
     EXPECT_EQ(child(scan(tree, options).outcome.root, "l").kind(), FileNode::Kind::symlink);
 }
 
-TEST(FileTreeScanner, tellsWhatIsPurgeableAndWhenItChanged) {
-    Item cached = Item::file("cached", 10);
-    cached.values.isPurgeable = true;
-    Item folder = Item::folder("folder", {cached, Item::file("own", 5)});
-    folder.values.isPurgeable = true;
-    folder.values.contentModificationDate = 12.5;
-    Item top = Item::folder("r", {folder});
-    top.values.contentModificationDate = 7;
-    const FileNode root = scan(top, fullScanOptions({})).outcome.root;
+TEST(FileTreeScanner, passesAttributesOnAndFallsBackWhereTheyAreAbsent) {
+    Item tree = Item::folder("r", {Item::file("odd", 0), Item::file("device", 1),
+                                   Item::folder("folder", {Item::file("cached", 10)}),
+                                   Item::folder("untold", {Item::file("f", 5)})});
+    tree.values.contentModificationDate = 7;
+    tree.children[0].values = {};
+    tree.children[0].values.fileSize = 77;
+    tree.children[1].values.fileResourceType = FileType::other;
+    tree.children[2].values.isPurgeable = true;
+    tree.children[2].values.contentModificationDate = 12.5;
+    tree.children[2].children[0].values.isPurgeable = true;
+    tree.children[3].values = {};
+    tree.children[3].values.fileResourceType = FileType::directory;
+    const FileNode root = scan(tree, fullScanOptions({})).outcome.root;
     EXPECT_FALSE(root.isPurgeable());
     EXPECT_EQ(root.modified(), 7);
     EXPECT_EQ(root.totalPurgeableSize(), 10);
     EXPECT_TRUE(child(root, "folder").isPurgeable());
     EXPECT_EQ(child(root, "folder").modified(), 12.5);
-    EXPECT_FALSE(child(child(root, "folder"), "own").isPurgeable());
-}
-
-TEST(FileTreeScanner, fallsBackWhereAttributesAreAbsent) {
-    Item tree = Item::folder("r", {Item::file("odd", 0), Item::file("device", 1),
-                                   Item::folder("folder", {Item::file("f", 5)})});
-    tree.children[0].values = {};
-    tree.children[0].values.fileSize = 77;
-    tree.children[1].values.fileResourceType = FileType::other;
-    tree.children[2].values = {};
-    tree.children[2].values.fileResourceType = FileType::directory;
-    const FileNode root = scan(tree, fullScanOptions({})).outcome.root;
     EXPECT_EQ(child(root, "odd").kind(), FileNode::Kind::other);
     EXPECT_EQ(child(root, "odd").allocatedSize(), 77);
     EXPECT_FALSE(child(root, "odd").modified().has_value());
+    EXPECT_FALSE(child(root, "odd").isPurgeable());
     EXPECT_EQ(child(root, "device").kind(), FileNode::Kind::other);
-    EXPECT_TRUE(child(root, "folder").isDirectory());
-    EXPECT_EQ(root.totalAllocatedSize(), 83);
+    EXPECT_TRUE(child(root, "untold").isDirectory());
+    EXPECT_EQ(root.totalAllocatedSize(), 93);
 }
 
 TEST(FileTreeScanner, recordsWhatItCannotReadAndGoesOn) {
-    Item tree =
-        Item::folder("r", {Item::folder("refused", {Item::file("f", 1)}), Item::file("gone", 1),
-                           Item::folder("broken"), Item::file("f", 3)});
-    tree.children[0].listingError = SystemError{EACCES};
-    tree.children[1].valuesError = SystemError{ENOENT};
-    tree.children[2].listingError = SystemError{EIO};
-    const Scanned scanned = scan(tree, fullScanOptions({}));
-    EXPECT_THAT(scanned.failures,
-                ElementsAre(ScanFailure{"/r/refused", "Operation not permitted"},
-                            ScanFailure{"/r/gone", "unreadable resource values"},
-                            ScanFailure{"/r/broken", SystemError{EIO}.message()}));
-    EXPECT_THAT(names(scanned.outcome.root), ElementsAre("refused", "broken", "f"));
-    EXPECT_EQ(scanned.outcome.root.totalAllocatedSize(), 3);
+    for (const int code : {EMFILE, EIO, EACCES, EPERM, ENOENT}) {
+        Item tree =
+            Item::folder("r", {Item::folder("refused", {Item::file("f", 1)}), Item::file("gone", 1),
+                               Item::folder("a", {Item::folder("broken")}), Item::file("f", 3)});
+        tree.children[0].listingError = SystemError{code};
+        tree.children[1].valuesError = SystemError{code};
+        tree.children[2].children[0].listingError = SystemError{code};
+        const Scanned scanned = scan(tree, fullScanOptions({}));
+        const std::string reason = code == EACCES || code == EPERM ? "Operation not permitted"
+                                                                   : SystemError{code}.message();
+        EXPECT_THAT(scanned.failures,
+                    ElementsAre(ScanFailure{"/r/refused", reason},
+                                ScanFailure{"/r/gone", "unreadable resource values"},
+                                ScanFailure{"/r/a/broken", reason}));
+        EXPECT_THAT(names(scanned.outcome.root), ElementsAre("refused", "a", "f"));
+        EXPECT_EQ(scanned.outcome.root.totalAllocatedSize(), 3);
+        EXPECT_EQ(scanned.outcome.root.directoryCount(), 4);
 
-    const Scanned none = scan(tree.children[0], fullScanOptions({}));
-    EXPECT_EQ(none.outcome.outcome, Case::completed);
-    EXPECT_EQ(none.failures.size(), 1U);
-    EXPECT_EQ(none.outcome.root.directoryCount(), 1);
+        const Scanned none = scan(tree.children[0], fullScanOptions({}));
+        EXPECT_EQ(none.outcome.outcome, Case::completed);
+        EXPECT_EQ(none.failures.size(), 1U);
+        EXPECT_EQ(none.outcome.root.directoryCount(), 1);
+    }
 }
 
 TEST(FileTreeScanner, reportsEveryFolderAndEveryIntervalthItem) {
