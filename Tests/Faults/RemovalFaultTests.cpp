@@ -20,6 +20,7 @@ bool losesAnswers = false;
 }
 
 /// In place of the C library's: the system call, whose answer can be lost as on a network.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 extern "C" int renameat2(int from, const char* name, int to, const char* newName,
                          unsigned flags) noexcept {
     const long result = ::syscall(SYS_renameat2, from, name, to, newName, flags);

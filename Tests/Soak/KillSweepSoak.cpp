@@ -34,7 +34,7 @@ class KillSweep : public testing::Test {
     }
 
     ProgramRun tolvanectl(const Arguments& arguments, Arguments command = {}) const {
-        command.push_back(TOLVANECTL);
+        command.emplace_back(TOLVANECTL);
         command.insert(command.end(), arguments.begin(), arguments.end());
         return runProgram(command, {{"HOME", home.path("")},
                                     {"XDG_DATA_HOME", home.path(".local/share")},

@@ -260,8 +260,9 @@ class RandomRemovals : public testing::Test {
         std::map<std::string, std::string> places;
         for (const auto& [name, item] : model.trash) {
             places[name] = item.original;
+            const std::string place = "/" + name;
             for (const auto& [below, description] : item.content) {
-                expected["/" + name + below] = description;
+                expected[place + below] = description;
             }
         }
         const TreeState inTrash = fs::exists(trash) ? treeState(trash + "/files") : TreeState{};

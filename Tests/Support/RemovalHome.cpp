@@ -59,13 +59,13 @@ std::vector<RemovalReceipt> RemovalHome::receiptsFromTrash() const {
         return receipts;
     }
     for (const auto& entry : fs::directory_iterator(path(folder + "info"))) {
-        const std::string name = entry.path().stem();
+        const std::string item = folder + "files/" + entry.path().stem().native();
         const std::optional<TrashInfo> info =
             TrashInfo::parse(read(folder + "info/" + entry.path().filename().native()));
-        if (has(folder + "files/" + name)) {
-            EXPECT_TRUE(info) << name << " has no valid info file";
-            receipts.push_back({freshIdentifier(), FileURL(info.value_or(TrashInfo{}).path),
-                                url(folder + "files/" + name)});
+        if (has(item)) {
+            EXPECT_TRUE(info) << item << " has no valid info file";
+            receipts.push_back(
+                {freshIdentifier(), FileURL(info.value_or(TrashInfo{}).path), url(item)});
         }
     }
     return receipts;
