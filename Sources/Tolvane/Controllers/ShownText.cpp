@@ -68,6 +68,10 @@ QString remainingTimeText(Seconds seconds) {
 }
 
 QString spanText(Seconds seconds) {
+    constexpr Seconds least = 0.1;
+    if (seconds < least) {
+        return QStringLiteral("under 0.1 s");
+    }
     if (seconds < static_cast<Seconds>(secondsAMinute)) {
         return QString::number(seconds, 'f', 1) + QStringLiteral(" s");
     }
