@@ -21,7 +21,7 @@ class ControllerHome : public TemporaryHome {
 
     const Environment& environment() const { return environment_; }
     /// The same with another Trash.
-    Environment environmentWith(std::shared_ptr<const Trash> trash) const;
+    Environment environmentWith(std::shared_ptr<const Trash> other) const;
 
     const HostLayout layout;
     const std::shared_ptr<const FileManager> files;

@@ -39,7 +39,7 @@ class RecordModelTest : public testing::Test {
                              steps.push_back("move " + std::to_string(first) + " before " +
                                              std::to_string(to));
                          });
-        QObject::connect(&model, &ListModel::modelReset, [this] { steps.push_back("reset"); });
+        QObject::connect(&model, &ListModel::modelReset, [this] { steps.emplace_back("reset"); });
         QObject::connect(&model, &ListModel::dataChanged,
                          [this](const QModelIndex& first, const QModelIndex&, const auto& roles) {
                              for (const int role : roles) {

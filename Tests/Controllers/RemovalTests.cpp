@@ -32,10 +32,10 @@ class RemovalTest : public testing::Test {
 
     std::unique_ptr<Removal> make(const Environment& environment) {
         const auto note = [this](std::string told) {
-            calls.push_back(std::move(told));
             if (isDestroying) {
                 removal.reset();
             }
+            calls.push_back(std::move(told));
         };
         return std::make_unique<Removal>(
             environment,

@@ -21,7 +21,7 @@ Names sorted(const Collation& collation, Names names) {
 }
 
 int sign(int value) {
-    return (value > 0) - (value < 0);
+    return static_cast<int>(value > 0) - static_cast<int>(value < 0);
 }
 
 TEST(Collation, ordersNamesAsPeopleDo) {
@@ -63,9 +63,9 @@ TEST(Collation, takesTheUsersLanguageFromTheFirstVariableThatIsSet) {
 TEST(Collation, givesKeysThatCompareAsTheNamesDo) {
     const Collation collation("en_US");
     const Names names{
-        "",           "a",        "A",         "a b",    "ab", "node2", "node10",
-        "\xff",       "\xfe",     "caf\u00e9", "\u4e2d", "0",  "00",    std::string(255, 'n'),
-        "cafe\u0301", "\u202ea.b"};
+        "",          "a",    "A",         "a b",    "ab", "node2", "node10",
+        "\xff",      "\xfe", "caf\u00e9", "\u4e2d", "0",  "00",    std::string(255, 'n'),
+        "cafe\u0301"};
     for (const std::string& a : names) {
         for (const std::string& b : names) {
             const int order = sign(collation.compare(a, b));

@@ -41,9 +41,14 @@ Cleaner cleanerOf(const Environment& environment) {
                    environment.layout.locations.home, environment.files, environment.trash);
 }
 
-bool isNothing(const std::vector<Removal::Step>& steps) {
-    return std::all_of(steps.begin(), steps.end(),
-                       [](const Removal::Step& step) { return step.items.empty(); });
+/// Absent when there is none.
+std::optional<FileURL> firstItem(const std::vector<Removal::Step>& steps) {
+    for (const Removal::Step& step : steps) {
+        if (!step.items.empty()) {
+            return step.items.front();
+        }
+    }
+    return std::nullopt;
 }
 
 Result<std::vector<RemovalReceipt>, RemovalError> moveAll(const Cleaner& cleaner,
@@ -83,6 +88,7 @@ Removal::Removal(const Environment& environment, Handlers handlers)
           },
           [this](const std::string& reason) {
               std::vector<RemovalError> failed;
+              failed.reserve(receipts_.size());
               for (const RemovalReceipt& receipt : receipts_) {
                   failed.push_back(RemovalError::restoreFailed(receipt.original.path(), reason));
               }
@@ -160,12 +166,11 @@ void Removal::show(std::vector<ReviewRow> rows) {
 }
 
 void Removal::remove(std::vector<Step> steps) {
-    if (isRemoving_ || isNothing(steps)) {
+    const std::optional<FileURL> first = firstItem(steps);
+    if (isRemoving_ || !first) {
         return;
     }
-    for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
-        firstItem_ = step->items.empty() ? firstItem_ : step->items.front();
-    }
+    firstItem_ = *first;
     checking_.discard();
     isRemoving_ = true;
     removing_.start([cleaner = cleaner_, steps = std::move(steps)](const auto&, const auto&) {

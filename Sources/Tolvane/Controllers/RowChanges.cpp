@@ -43,7 +43,7 @@ std::vector<RowChange> runsMissing(const std::vector<QString>& keys, const Rows&
 
 /// Places that ascend, as many as there can be without changing their order.
 std::vector<int> longestAscent(const std::vector<int>& places) {
-    constexpr std::size_t none = static_cast<std::size_t>(-1);
+    constexpr auto none = static_cast<std::size_t>(-1);
     // Where the best ascent of each length ends, and what precedes each place in its own.
     std::vector<std::size_t> ends;
     std::vector<std::size_t> previous(places.size(), none);
