@@ -14,7 +14,7 @@ Result scan(const HostLayout& layout, const std::shared_ptr<const FileManager>& 
             const std::function<bool()>& isCancelled) {
     const Date start = steadyTime();
     Result result;
-    result.excludedPrefixes = excludedPrefixes(root, layout, files->mounts());
+    result.excludedPrefixes = excludedPrefixes(root, layout, *files);
     FileTreeScanner scanner(fullScanOptions(result.excludedPrefixes), files);
     ScanOutcome outcome = scanner.scan(root, report, isCancelled);
     result.seconds = steadyTime() - start;
