@@ -259,7 +259,7 @@ QVariant FolderModel::value(const Row& row, int role) const {
     case ItemsText:
         return item.isDirectory() ? shownText(CountFormat::counted(row.items, "item")) : QString();
     case ModifiedText:
-        return dateText(item.modified());
+        return dayText(item.modified());
     case PathText:
         return shownPath(item.url());
     case Tick:

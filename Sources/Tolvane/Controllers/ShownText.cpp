@@ -27,6 +27,15 @@ QString about(std::int64_t count, const QString& unit) {
     return QStringLiteral("About %1 %2%3 left").arg(count).arg(unit, count == 1 ? "" : "s");
 }
 
+/// Not valid for a date that is absent or beyond all calendars.
+QDateTime localTime(std::optional<Date> date) {
+    constexpr double milliseconds = 1000;
+    constexpr double farthest = 8.64e12;
+    return date && std::abs(*date) < farthest
+               ? QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(*date * milliseconds))
+               : QDateTime();
+}
+
 }
 
 QString shownText(std::string_view bytes) {
@@ -81,13 +90,13 @@ QString spanText(Seconds seconds) {
 }
 
 QString dateText(std::optional<Date> date) {
-    constexpr double milliseconds = 1000;
-    constexpr double farthest = 8.64e12;
-    if (!date || !(std::abs(*date) < farthest)) {
-        return {};
-    }
-    const auto moment = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(*date * milliseconds));
-    return QLocale().toString(moment, QLocale::ShortFormat);
+    const QDateTime moment = localTime(date);
+    return moment.isValid() ? QLocale().toString(moment, QLocale::ShortFormat) : QString();
+}
+
+QString dayText(std::optional<Date> date) {
+    const QDateTime moment = localTime(date);
+    return moment.isValid() ? QLocale().toString(moment.date(), QLocale::ShortFormat) : QString();
 }
 
 std::optional<FileURL> fileURL(const QUrl& url) {

@@ -23,6 +23,8 @@ QString remainingTimeText(Seconds seconds);
 QString spanText(Seconds seconds);
 /// Day and time the way the user's locale writes them; empty when absent.
 QString dateText(std::optional<Date> date);
+/// The day alone.
+QString dayText(std::optional<Date> date);
 
 /// The local place that `url` names, byte for byte; absent when it names none.
 std::optional<FileURL> fileURL(const QUrl& url);
