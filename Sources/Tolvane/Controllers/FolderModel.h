@@ -15,7 +15,7 @@ namespace tolvane {
 
 /// The children of the folder on screen, sorted and filtered, with their ticks. What the scan
 /// folded away is no row but one honest sentence.
-class FolderModel final : public ListModel {
+class FolderModel final : public tolvane::ListModel {
     Q_OBJECT
     PUBLISHED(FolderModel, tolvane::Ui::SortKey, sortKey)
     PUBLISHED(FolderModel, bool, isDescending)

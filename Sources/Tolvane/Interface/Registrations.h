@@ -1,17 +1,65 @@
 #pragma once
 
+#include <Controllers/Activity.h>
+#include <Controllers/FolderModel.h>
+#include <Controllers/Inspector.h>
 #include <Controllers/ListModel.h>
+#include <Controllers/Removal.h>
+#include <Controllers/ScanViewModel.h>
+#include <Controllers/Ui.h>
 #include <QtQml/qqml.h>
-
-namespace tolvane {
 
 // What QML knows of the controllers, which know nothing of QML.
 
-struct ListModelInQML {
+namespace tolvane {
+
+struct ActivityInQML {
     Q_GADGET
-    QML_FOREIGN(ListModel)
-    QML_NAMED_ELEMENT(ListModel)
+    QML_FOREIGN(tolvane::Activity)
+    QML_NAMED_ELEMENT(Activity)
     QML_UNCREATABLE("Made by controllers")
 };
+
+struct FolderModelInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::FolderModel)
+    QML_NAMED_ELEMENT(FolderModel)
+    QML_UNCREATABLE("Made by controllers")
+};
+
+/// "Inspector" is the screen's part that shows one.
+struct InspectorInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::Inspector)
+    QML_NAMED_ELEMENT(InspectedItem)
+    QML_UNCREATABLE("Made by controllers")
+};
+
+struct ListModelInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::ListModel)
+    QML_NAMED_ELEMENT(Records)
+    QML_UNCREATABLE("Made by controllers")
+};
+
+struct RemovalInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::Removal)
+    QML_NAMED_ELEMENT(Removal)
+    QML_UNCREATABLE("Made by controllers")
+};
+
+struct ScanViewModelInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::ScanViewModel)
+    QML_NAMED_ELEMENT(ScanViewModel)
+    QML_UNCREATABLE("Made by the program's entry")
+};
+
+namespace UiInQML {
+Q_NAMESPACE
+QML_FOREIGN_NAMESPACE(tolvane::Ui)
+QML_NAMED_ELEMENT(Ui)
+}
 
 }

@@ -1,17 +1,99 @@
 import QtQuick
 import QtQuick.Controls.Basic
+import QtQuick.Layouts
 import Tolvane
 import Tolvane.Components
 
+/// The window: the modules on the left, the screen of one of them beside it.
 ApplicationWindow {
     id: root
 
     required property TolvaneApp app
+    required property Appearance appearance
+    required property FolderChooser chooser
+    property bool showsShortcuts: false
 
     width: 1180
     height: 760
-    visible: true
+    minimumWidth: 860
+    minimumHeight: 560
     title: "Tolvane"
     color: Theme.window
-    Text { text: root.app.isBusy ? "busy" : "idle" }
+    palette: Theme.palette
+
+    Binding {
+        target: Theme
+        property: "isDark"
+        value: root.appearance.isDark
+    }
+    Binding {
+        target: Theme
+        property: "reducesMotion"
+        value: root.appearance.reducesMotion
+    }
+
+    RowLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        Sidebar {
+            Layout.fillHeight: true
+            modules: root.app.modules
+            currentModule: root.app.currentModule
+            disk: root.app.disk
+            onModuleChosen: row => root.app.showModule(row)
+            onShortcutsRequested: root.showsShortcuts = true
+        }
+        StackLayout {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            currentIndex: root.app.currentModule
+
+            Repeater {
+                model: root.app.modules
+
+                ModulePage {}
+            }
+        }
+    }
+
+    ShortcutsSheet {
+        isShown: root.showsShortcuts
+        onDismissed: root.showsShortcuts = false
+    }
+
+    // Dialogs take longer to load than all else, so they come when they are asked for.
+    Loader {
+        id: question
+    }
+    Connections {
+        target: root.chooser
+
+        function onIsOpenChanged(): void {
+            if (root.chooser.isOpen) {
+                question.setSource("FolderQuestion.qml", { chooser: root.chooser });
+            } else {
+                question.source = "";
+            }
+        }
+    }
+
+    Shortcut {
+        sequence: "Ctrl+Q"
+        onActivated: Qt.quit()
+    }
+    Shortcut {
+        sequence: "F1"
+        onActivated: root.showsShortcuts = true
+    }
+    Instantiator {
+        model: root.app.modules
+
+        Shortcut {
+            required property int index
+
+            sequence: "Ctrl+" + (index + 1)
+        }
+        onObjectAdded: (index, object) => (object as Shortcut).activated.connect(() => root.app.showModule(index))
+    }
 }

@@ -1,1 +1,67 @@
+#include <ScanKit/FullDiskAccess.h>
+
 #include <Interface/TolvaneApp.h>
+
+#include <algorithm>
+
+namespace tolvane {
+namespace {
+
+std::string truth(bool value) {
+    return value ? "true" : "false";
+}
+
+}
+
+TolvaneApp::TolvaneApp(const Host& host)
+    : log_(host.layout.locations, host.files)
+    , diagnostics_(host.layout.locations, log_, host.files)
+    , defaults_(host.layout.locations.userDefaultsFile)
+    , environment_{host.layout, host.files, host.trash,     workers_.workers(),
+                   log_,        defaults_,  host.workspace, steadyTime}
+    , spaceAnalysis_(environment_)
+    , disk_(environment_)
+    , modules_({{"title", [](const Module& module) { return module.title; }},
+                {"iconName", [](const Module& module) { return module.iconName; }},
+                {"screen", [](const Module& module) { return module.screen; }},
+                {"controller",
+                 [](const Module& module) { return QVariant::fromValue(module.controller); }}},
+               [](const Module& module) { return module.name; }) {
+    recordLaunch(host.version);
+    modules_.reset({{"arborview", "Space Analysis", "circle.hexagongrid",
+                     QUrl("qrc:/Tolvane/ContentView.qml"), &spaceAnalysis_}});
+    currentModule_ = firstModule();
+}
+
+TolvaneApp::~TolvaneApp() = default;
+
+void TolvaneApp::showModule(int row) {
+    if (row >= 0 && row < modules_.rowCount()) {
+        currentModule_ = row;
+    }
+}
+
+void TolvaneApp::scanNamed(const FileURL& folder) {
+    showModule(0);
+    spaceAnalysis_.scan(folder, "command line");
+}
+
+void TolvaneApp::recordLaunch(const std::string& version) {
+    log_.write("app launch version=" + (version.empty() ? "?" : version));
+    diagnostics_.recordLaunch();
+    const FullDiskAccessStatus status =
+        FullDiskAccess::status(environment_.layout.access, *environment_.files);
+    log_.write("fda launch granted=" + truth(status.granted) +
+               " confirmed=" + truth(status.confirmed) + " detail=" + status.detail);
+}
+
+int TolvaneApp::firstModule() const {
+    const std::vector<Module>& modules = modules_.records();
+    const QString wanted = defaults_.text("initialModule").value_or(QString());
+    const auto found =
+        std::find_if(modules.begin(), modules.end(),
+                     [&wanted](const Module& module) { return module.name == wanted; });
+    return found == modules.end() ? 0 : static_cast<int>(found - modules.begin());
+}
+
+}

@@ -1,15 +1,80 @@
 #pragma once
 
+#include <Services/AppLog.h>
+#include <Services/Diagnostics.h>
+
+#include <Controllers/Environment.h>
 #include <Controllers/ListModel.h>
+#include <Controllers/MainThreadWorkers.h>
+#include <Controllers/RecordModel.h>
+#include <Controllers/ScanViewModel.h>
+#include <Controllers/UserDefaults.h>
+#include <Interface/SystemDisk.h>
 #include <QtQml/qqml.h>
+
+#include <memory>
+#include <string>
 
 namespace tolvane {
 
+/// The application: what is shared by its modules, the modules themselves, and which of them is on
+/// screen. Knows no window.
 class TolvaneApp : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the program's entry")
-    PUBLISHED(TolvaneApp, bool, isBusy)
+    /// The row of the module on screen.
+    PUBLISHED(TolvaneApp, int, currentModule)
+    Q_PROPERTY(tolvane::ListModel* modules READ modules CONSTANT)
+    Q_PROPERTY(tolvane::SystemDisk* disk READ disk CONSTANT)
+
+  public:
+    /// The machine that the application works on.
+    struct Host {
+        HostLayout layout;
+        std::shared_ptr<const FileManager> files;
+        std::shared_ptr<const Trash> trash;
+        Workspace& workspace;
+        /// As the log tells it at launch; empty when it is not known.
+        std::string version;
+    };
+
+    /// Notes the launch in the log.
+    explicit TolvaneApp(const Host& host);
+    ~TolvaneApp() override;
+
+    ListModel* modules() { return &modules_; }
+    SystemDisk* disk() { return &disk_; }
+    ScanViewModel& spaceAnalysis() { return spaceAnalysis_; }
+    UserDefaults& defaults() { return defaults_; }
+    AppLog& log() { return log_; }
+
+    Q_INVOKABLE void showModule(int row);
+    /// Shows what fills a folder that was named when the program was started.
+    void scanNamed(const FileURL& folder);
+
+  private:
+    /// A screen, what drives it, and what leads to it.
+    struct Module {
+        /// In the settings.
+        QString name;
+        QString title;
+        QString iconName;
+        QUrl screen;
+        QObject* controller = nullptr;
+    };
+
+    void recordLaunch(const std::string& version);
+    int firstModule() const;
+
+    AppLog log_;
+    Diagnostics diagnostics_;
+    UserDefaults defaults_;
+    MainThreadWorkers workers_;
+    const Environment environment_;
+    ScanViewModel spaceAnalysis_;
+    SystemDisk disk_;
+    RecordModel<Module> modules_;
 };
 
 }

@@ -1,21 +1,105 @@
-#include <Components/ComponentsSetup.h>
-#include <Interface/TolvaneApp.h>
+#include <HostKit/CrashReporter.h>
+#include <HostKit/Text.h>
+#include <Services/Diagnostics.h>
+
+#include <Interface/CommandLine.h>
+#include <Interface/DesktopWorkspace.h>
+#include <Interface/MainWindow.h>
 
 #include <QGuiApplication>
-#include <QQmlApplicationEngine>
-#include <QQuickStyle>
 #include <QtQml/QQmlEngineExtensionPlugin>
+#include <array>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
 
 Q_IMPORT_QML_PLUGIN(TolvanePlugin)
 Q_IMPORT_QML_PLUGIN(Tolvane_ComponentsPlugin)
 
-int main(int argc, char** argv) {
-    const QGuiApplication application(argc, argv);
-    QQuickStyle::setStyle("Basic");
-    tolvane::TolvaneApp app;
-    QQmlApplicationEngine engine;
-    tolvane::readyComponents(engine);
-    engine.setInitialProperties({{"app", QVariant::fromValue(&app)}});
-    engine.load(QUrl("qrc:/Tolvane/RootView.qml"));
+namespace tolvane {
+namespace {
+
+constexpr int success = 0;
+constexpr int failure = 1;
+constexpr int wrongCommandLine = 2;
+
+int complain(const std::string& problem, int status) {
+    std::cerr << "tolvane: " << displayText(problem) << '\n';
+    return status;
+}
+
+/// Absolute and standardised, links not resolved; absent when the working directory is gone.
+std::optional<FileURL> place(const std::string& argument, const HostLayout& layout) {
+    std::error_code error;
+    const std::string directory = std::filesystem::current_path(error).string();
+    if (error && !argument.starts_with('/')) {
+        return std::nullopt;
+    }
+    return layout.underHome(FileURL::absolute(argument, directory).standardized());
+}
+
+int showWindow(char* programName, const std::optional<std::string>& named) {
+    const HostLayout layout = HostLayout::current();
+    static_cast<void>(
+        CrashReporter::install(crashReportDirectory(layout.locations), TOLVANE_VERSION));
+    const std::shared_ptr<const FileManager> files = systemFileManager(layout);
+    std::optional<FileURL> folder;
+    if (named) {
+        folder = place(*named, layout);
+        if (!folder || files->targetType(*folder) != FileType::directory) {
+            return complain("\"" + *named + "\" is not a folder", failure);
+        }
+    }
+
+    int count = 1;
+    std::array<char*, 2> arguments{programName, nullptr};
+    const QGuiApplication application(count, arguments.data());
+    MainWindow::prepareApplication();
+    FolderChooser chooser;
+    DesktopWorkspace workspace(layout.locations, chooser);
+    TolvaneApp app({layout, files, systemTrash(layout), workspace, TOLVANE_VERSION});
+    Appearance appearance(QGuiApplication::palette());
+    MainWindow main(app, appearance, chooser);
+    if (main.window() == nullptr) {
+        return complain("The window could not be made", failure);
+    }
+    appearance.followDesktop();
+    main.show();
+    if (folder) {
+        app.scanNamed(*folder);
+    }
     return QGuiApplication::exec();
+}
+
+int run(int count, char** arguments) {
+    const CommandLine line = CommandLine::parse(count, arguments);
+    if (!line.error.empty()) {
+        return complain(line.error + "\n" + CommandLine::usage, wrongCommandLine);
+    }
+    switch (line.wish) {
+    case CommandLine::Wish::help:
+        std::cout << CommandLine::usage;
+        break;
+    case CommandLine::Wish::version:
+        std::cout << "tolvane " TOLVANE_VERSION "\n";
+        break;
+    case CommandLine::Wish::window:
+        return showWindow(arguments[0], line.folder);
+    }
+    return std::cout.flush() ? success : failure;
+}
+
+}
+}
+
+int main(int argumentCount, char** arguments) {
+    try {
+        return tolvane::run(argumentCount, arguments);
+    } catch (const std::exception& error) {
+        std::cerr << "tolvane: " << error.what() << '\n';
+        return tolvane::failure;
+    }
 }

@@ -1,0 +1,78 @@
+import QtQuick
+import QtQuick.Layouts
+import Tolvane
+import Tolvane.Components
+
+/// Totals of the folder on screen, what was not read, and what is ticked. Its height never changes.
+Item {
+    id: footer
+
+    required property ScanViewModel controller
+
+    implicitHeight: Theme.toolbarHeight
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.pageMargin
+        anchors.rightMargin: Theme.pageMargin
+        spacing: Theme.wideSpacing
+
+        FolderProgress {
+            Layout.fillWidth: true
+            visible: footer.controller.isLoadingFolder
+            controller: footer.controller
+        }
+        ColumnLayout {
+            visible: !footer.controller.isLoadingFolder
+            spacing: 0
+
+            ElidedLabel {
+                objectName: "folderText"
+                Layout.fillWidth: true
+                text: footer.controller.folderText
+            }
+            ElidedLabel {
+                objectName: "notCountedText"
+                Layout.fillWidth: true
+                text: footer.controller.elapsedText + (footer.controller.notCountedText === "" ? "" : " · " + footer.controller.notCountedText)
+                color: Theme.secondaryText
+                font.pixelSize: Theme.smallText
+            }
+        }
+        FooterLink {
+            objectName: "showFailures"
+            visible: text !== ""
+            iconName: "dialog-warning"
+            ink: Theme.warningText
+            text: footer.controller.failuresText
+            onClicked: footer.controller.openFailures()
+        }
+        FooterLink {
+            objectName: "showPurgeable"
+            visible: text !== ""
+            iconName: "purgeable"
+            text: footer.controller.purgeableText
+            onClicked: footer.controller.openPurgeable()
+        }
+        FigureLabel {
+            objectName: "selectionText"
+            visible: text !== ""
+            text: footer.controller.selectionText
+            font.weight: Font.Medium
+        }
+        PlainButton {
+            objectName: "clearSelection"
+            visible: footer.controller.selectedCount > 0
+            text: qsTr("Clear")
+            onClicked: footer.controller.clearSelection()
+        }
+        PrimaryButton {
+            objectName: "review"
+            visible: footer.controller.selectedCount > 0
+            enabled: footer.controller.lockedText === "" && !footer.controller.removal.isRemoving
+            iconName: "user-trash"
+            text: qsTr("Review...")
+            onClicked: footer.controller.prepareReview()
+        }
+    }
+}

@@ -1,0 +1,53 @@
+#include <Components/IconProvider.h>
+#include <Interface/MainWindow.h>
+
+#include <QFont>
+#include <QGuiApplication>
+#include <QQuickStyle>
+
+namespace tolvane {
+namespace {
+
+constexpr int textSize = 14;
+
+/// Family and size must both be set before anything is loaded, or different places use different
+/// fonts. What Inter lacks the desktop's own fonts give.
+QFont interfaceFont() {
+    const QFont desktopFont = QGuiApplication::font();
+    QFont font(QStringList{"Inter", desktopFont.family()});
+    font.setPixelSize(textSize);
+    return font;
+}
+
+}
+
+MainWindow::MainWindow(TolvaneApp& app, Appearance& appearance, FolderChooser& chooser)
+    : defaults_(app.defaults()) {
+    // Where the modules lie in the program, also once it is installed.
+    engine_.addImportPath("qrc:/");
+    engine_.addImageProvider("icon", new IconProvider);
+    engine_.setInitialProperties({{"app", QVariant::fromValue(&app)},
+                                  {"appearance", QVariant::fromValue(&appearance)},
+                                  {"chooser", QVariant::fromValue(&chooser)}});
+    engine_.load(QUrl("qrc:/Tolvane/RootView.qml"));
+    if (!engine_.rootObjects().isEmpty()) {
+        window_ = qobject_cast<QQuickWindow*>(engine_.rootObjects().constFirst());
+    }
+}
+
+void MainWindow::show() {
+    placement_.emplace(*window_, defaults_);
+    window_->setVisible(true);
+}
+
+void MainWindow::prepareApplication() {
+    QQuickStyle::setStyle("Basic");
+    QGuiApplication::setApplicationName("Tolvane");
+    QGuiApplication::setApplicationDisplayName("Tolvane");
+    QGuiApplication::setApplicationVersion(TOLVANE_VERSION);
+    QGuiApplication::setOrganizationName("Tolvane");
+    QGuiApplication::setDesktopFileName("tolvane");
+    QGuiApplication::setFont(interfaceFont());
+}
+
+}

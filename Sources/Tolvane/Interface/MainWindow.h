@@ -1,0 +1,35 @@
+#pragma once
+
+#include <Interface/Appearance.h>
+#include <Interface/FolderChooser.h>
+#include <Interface/TolvaneApp.h>
+#include <Interface/WindowPlacement.h>
+
+#include <QQmlApplicationEngine>
+#include <QQuickWindow>
+#include <optional>
+
+namespace tolvane {
+
+/// The one window of the program.
+class MainWindow {
+  public:
+    /// All must outlive this.
+    MainWindow(TolvaneApp& app, Appearance& appearance, FolderChooser& chooser);
+
+    /// Null when the window could not be made; the reasons went to the standard error.
+    QQuickWindow* window() const { return window_; }
+    /// Shows the window where it was the last time.
+    void show();
+
+    /// What must be said to Qt before the first window is made: style, font, names.
+    static void prepareApplication();
+
+  private:
+    QQmlApplicationEngine engine_;
+    QQuickWindow* window_ = nullptr;
+    UserDefaults& defaults_;
+    std::optional<WindowPlacement> placement_;
+};
+
+}

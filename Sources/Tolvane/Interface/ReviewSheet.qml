@@ -1,0 +1,86 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import Tolvane
+import Tolvane.Components
+
+/// Asks before the ticked items move to the Trash.
+Sheet {
+    id: sheet
+
+    required property ScanViewModel controller
+    readonly property Removal removal: controller.removal
+
+    objectName: "reviewSheet"
+    title: qsTr("Move %1 to the Trash?").arg(removal.countText)
+    preferredWidth: 620
+    note: qsTr("Total: %1").arg(removal.totalText)
+    defaultButton: cancel
+    onAboutToShow: controller.dismissBanner()
+    isShown: removal.showReview
+    onDismissed: removal.closeReview()
+
+    Banner {
+        objectName: "reviewError"
+        Layout.fillWidth: true
+        kind: Banner.Warning
+        text: sheet.controller.banner
+        isDismissible: false
+    }
+    Banner {
+        Layout.fillWidth: true
+        kind: Banner.Warning
+        text: sheet.removal.troubledCount > 0 ? qsTr("Nothing is moved while an item is in the way of the others.") : ""
+        actionText: qsTr("Leave out the marked items")
+        isDismissible: false
+        onActionTriggered: sheet.removal.leaveOutTroubled()
+    }
+    ListView {
+        readonly property Removal removal: sheet.removal
+
+        objectName: "reviewRows"
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+        Layout.preferredHeight: contentHeight
+        Layout.minimumHeight: Math.min(contentHeight, 88)
+        model: sheet.removal.rows
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        activeFocusOnTab: true
+        ScrollBar.vertical: PlainScrollBar {}
+
+        delegate: ReviewSheetRow {
+            required property int index
+            readonly property var list: ListView.view
+
+            objectName: "reviewRow" + index
+            width: list?.width ?? 0
+            onLeftOut: list.removal.leaveOut(index)
+        }
+    }
+    PlainLabel {
+        objectName: "reviewNote"
+        Layout.fillWidth: true
+        text: qsTr("Items move to Trash and can be restored with Undo.") + "\n" + qsTr("Space is freed when the Trash is emptied.")
+        color: Theme.secondaryText
+        font.pixelSize: Theme.smallText
+        wrapMode: Text.Wrap
+    }
+
+    buttons: [
+        PlainButton {
+            id: cancel
+
+            objectName: "reviewCancel"
+            enabled: !sheet.removal.isRemoving
+            text: qsTr("Cancel")
+            onClicked: sheet.removal.closeReview()
+        },
+        DestructiveButton {
+            objectName: "reviewRemove"
+            enabled: !sheet.removal.isRemoving
+            text: sheet.removal.isRemoving ? qsTr("Moving...") : qsTr("Move to Trash")
+            onClicked: sheet.controller.removeReviewed()
+        }
+    ]
+}

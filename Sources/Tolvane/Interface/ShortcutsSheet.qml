@@ -1,0 +1,60 @@
+import QtQuick
+import QtQuick.Layouts
+import Tolvane.Components
+
+/// The keys, by what they do.
+Sheet {
+    id: sheet
+
+    readonly property var shortcuts: [
+        { keys: "Ctrl+1", text: qsTr("Show a module") },
+        { keys: "Ctrl+O", text: qsTr("Choose a folder") },
+        { keys: "Ctrl+R, F5", text: qsTr("Scan again") },
+        { keys: "Esc", text: qsTr("Cancel, or close a sheet") },
+        { keys: "Ctrl+F", text: qsTr("Filter by name") },
+        { keys: "Return", text: qsTr("Open the item") },
+        { keys: "Backspace, Alt+Left", text: qsTr("Go back") },
+        { keys: "Space", text: qsTr("Tick the item") },
+        { keys: "Ctrl+A", text: qsTr("Tick all items of the folder") },
+        { keys: "Delete", text: qsTr("Review what is ticked") },
+        { keys: "Ctrl+Z", text: qsTr("Undo the last removal") },
+        { keys: "Ctrl+Q", text: qsTr("Quit") },
+        { keys: "F1", text: qsTr("Show this") }
+    ]
+
+    objectName: "shortcutsSheet"
+    title: qsTr("Shortcuts")
+    preferredWidth: 480
+    defaultButton: close
+
+    Repeater {
+        model: sheet.shortcuts
+
+        RowLayout {
+            id: row
+
+            required property var modelData
+
+            Layout.preferredHeight: 30
+
+            PlainLabel {
+                Layout.fillWidth: true
+                text: row.modelData.text
+            }
+            PlainLabel {
+                text: row.modelData.keys
+                color: Theme.secondaryText
+            }
+        }
+    }
+
+    buttons: [
+        PrimaryButton {
+            id: close
+
+            objectName: "shortcutsClose"
+            text: qsTr("Close")
+            onClicked: sheet.dismissed()
+        }
+    ]
+}

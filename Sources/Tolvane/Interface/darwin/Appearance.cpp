@@ -1,0 +1,8 @@
+#include <Interface/Appearance.h>
+
+namespace tolvane {
+
+// The palette tells everything there is to know.
+void Appearance::followPortal() {}
+
+}

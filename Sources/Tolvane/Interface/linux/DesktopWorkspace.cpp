@@ -1,0 +1,77 @@
+#include <Controllers/ShownText.h>
+#include <Interface/DesktopWorkspace.h>
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDesktopServices>
+#include <QProcess>
+#include <QStringList>
+
+namespace tolvane {
+namespace {
+
+enum class Desktop { gnome, kde, other };
+
+/// The variable lists the desktop and those it descends from (Desktop Entry Specification 1.5).
+Desktop currentDesktop() {
+    const QStringList names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+    if (names.contains("GNOME")) {
+        return Desktop::gnome;
+    }
+    return names.contains("KDE") ? Desktop::kde : Desktop::other;
+}
+
+bool openPane(const QString& gnomePane, const QStringList& kdeArguments) {
+    switch (currentDesktop()) {
+    case Desktop::gnome:
+        return QProcess::startDetached("gnome-control-center", {gnomePane});
+    case Desktop::kde:
+        return QProcess::startDetached("systemsettings", kdeArguments);
+    case Desktop::other:
+        break;
+    }
+    return false;
+}
+
+/// The request of the File Manager D-Bus interface (freedesktop.org, version 1).
+QDBusMessage showItems(const FileURL& url) {
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
+        "org.freedesktop.FileManager1", "ShowItems");
+    message << QStringList{QString::fromLatin1(qurl(url).toEncoded())} << QString();
+    return message;
+}
+
+}
+
+void DesktopWorkspace::reveal(const FileURL& url) {
+    const QDBusPendingCall call = QDBusConnection::sessionBus().asyncCall(showItems(url));
+    auto* const watcher = new QDBusPendingCallWatcher(call);
+    const QUrl parent = qurl(url.deletingLastPathComponent());
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, parent] {
+        if (watcher->isError()) {
+            QDesktopServices::openUrl(parent);
+        }
+        watcher->deleteLater();
+    });
+}
+
+void DesktopWorkspace::openSettingsPane(SettingsPane pane) {
+    if (pane == SettingsPane::fullDiskAccess) {
+        openPane("privacy", {});
+    } else if (!openPane("applications", {"kcm_autostart"})) {
+        const FileURL configuration =
+            locations_.userDefaultsFile.deletingLastPathComponent().deletingLastPathComponent();
+        open(configuration.appending("autostart"));
+    }
+}
+
+void DesktopWorkspace::relaunch() {
+    if (QProcess::startDetached(QCoreApplication::applicationFilePath(), {})) {
+        QCoreApplication::quit();
+    }
+}
+
+}

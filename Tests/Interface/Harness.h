@@ -1,0 +1,81 @@
+#pragma once
+
+#include "TestWorkspace.h"
+
+#include <Support/TemporaryHome.h>
+
+#include <Interface/Appearance.h>
+#include <Interface/FolderChooser.h>
+#include <Interface/MainWindow.h>
+#include <Interface/TolvaneApp.h>
+
+#include <QQuickItem>
+#include <QString>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tolvane {
+
+/// The application in its window, on a home folder of its own, and hands to work it with: they
+/// press where a person would press and read what a person would read.
+class Harness {
+  public:
+    using Decorator =
+        std::function<std::shared_ptr<const FileManager>(std::shared_ptr<const FileManager> files)>;
+    enum class Scheme { light, dark };
+    struct Setting {
+        /// Stands before the file system.
+        Decorator files;
+        /// Changes the machine's places and tables.
+        std::function<void(HostLayout& layout)> layout;
+        Scheme scheme = Scheme::light;
+        /// Invalid: as the window wants it.
+        QSize size;
+    };
+
+    explicit Harness(const TemporaryHome& home)
+        : Harness(home, Setting()) {}
+    Harness(const TemporaryHome& home, const Setting& setting);
+
+    TolvaneApp& app() { return *app_; }
+    ScanViewModel& controller() { return app_->spaceAnalysis(); }
+    TestWorkspace& workspace() { return workspace_; }
+    const HostLayout& layout() const { return layout_; }
+    QQuickWindow& window() { return *main_->window(); }
+
+    /// Looks for a while; null when no visible item bears the name.
+    QQuickItem* find(const QString& objectName);
+    /// The item of the folder on screen that shows this name.
+    QQuickItem* itemNamed(const QString& name);
+    bool shows(const QString& text);
+
+    void click(const QString& objectName);
+    void click(QQuickItem* item, Qt::KeyboardModifiers modifiers = {});
+    void doubleClick(QQuickItem* item);
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    void type(const QString& text);
+    /// Tabs until the item has the focus; whether it ever got it.
+    bool tabTo(const QString& objectName);
+    void drop(const std::vector<FileURL>& urls);
+
+    /// Scans and waits for the result.
+    void scan(const FileURL& folder);
+    /// Whether it came true within a generous time.
+    static bool eventually(const std::function<bool()>& condition);
+    /// Lets everything be laid out and drawn.
+    QImage grab();
+
+  private:
+    QQuickItem* wait(const std::function<bool(const QQuickItem&)>& isWanted);
+
+    const HostLayout layout_;
+    TestWorkspace workspace_;
+    FolderChooser chooser_;
+    Appearance appearance_;
+    std::optional<TolvaneApp> app_;
+    std::optional<MainWindow> main_;
+};
+
+}

@@ -1,0 +1,318 @@
+// Draws every state of every screen, light and dark, into the folder named on the command line.
+
+#include "Gate.h"
+#include "Harness.h"
+#include "SampleHome.h"
+
+#include <Support/FaultyFiles.h>
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QTest>
+#include <QtQml/QQmlEngineExtensionPlugin>
+#include <cerrno>
+#include <cstdio>
+#include <vector>
+
+Q_IMPORT_QML_PLUGIN(TolvanePlugin)
+Q_IMPORT_QML_PLUGIN(Tolvane_ComponentsPlugin)
+
+namespace tolvane {
+namespace {
+
+/// The application in one state.
+struct Scene {
+    const TemporaryHome& home;
+    Harness& harness;
+    Gate& gate;
+};
+
+struct Shot {
+    const char* name;
+    void (*prepare)(Scene& scene);
+    QSize size{1180, 760};
+    /// A scan stands still before it opens this folder; empty: it runs through.
+    std::string heldAt = {};
+    /// This folder cannot be read.
+    std::string refused = {};
+};
+
+void scanHome(Scene& scene) {
+    scene.harness.scan(scene.home.url());
+    scene.harness.press(Qt::Key_Home);
+}
+
+void showList(Scene& scene) {
+    scene.harness.controller().setSpaceAnalysisView("list");
+    scanHome(scene);
+}
+
+void inspect(Scene& scene, const QString& name) {
+    scene.harness.click(scene.harness.itemNamed(name));
+}
+
+void tickThree(Scene& scene) {
+    inspect(scene, "Videos");
+    scene.harness.click(scene.harness.itemNamed("notes.txt"), Qt::ControlModifier);
+    scene.harness.click(scene.harness.itemNamed("latest"), Qt::ControlModifier);
+}
+
+void startScan(Scene& scene) {
+    scene.harness.controller().scan(scene.home.url(), "screenshots");
+    Harness::eventually([&scene] { return scene.gate.isReached(); });
+    QTest::qWait(1200);
+}
+
+void openDownloads(Scene& scene) {
+    scanHome(scene);
+    scene.harness.doubleClick(scene.harness.itemNamed("Downloads"));
+    Harness::eventually(
+        [&scene] { return scene.harness.itemNamed("debian-12.5.0-amd64-netinst.iso") != nullptr; });
+}
+
+void review(Scene& scene) {
+    scanHome(scene);
+    tickThree(scene);
+    scene.harness.press(Qt::Key_Delete);
+    Harness::eventually(
+        [&scene] { return scene.harness.controller().removal()->troubledCount() == 1; });
+}
+
+void removeNotes(Scene& scene) {
+    scanHome(scene);
+    inspect(scene, "notes.txt");
+    scene.harness.press(Qt::Key_Delete);
+    scene.harness.click("reviewRemove");
+    Harness::eventually([&scene] {
+        return scene.harness.controller().removal()->canUndo() &&
+               scene.harness.controller().stage() == Ui::Stage::Result;
+    });
+}
+
+/// Far more files than a scan keeps.
+void fillCrowd(const TemporaryHome& home) {
+    for (int number = 0; number < 400; ++number) {
+        home.write("Crowd/frame " + std::to_string(number) + ".png",
+                   std::string(static_cast<std::size_t>(1000 * (number % 90 + 1)), 'p'));
+    }
+}
+
+const std::vector<Shot>& shots() {
+    static const std::vector<Shot> table{
+        {.name = "start", .prepare = [](Scene&) {}},
+        {.name = "start-small", .prepare = [](Scene&) {}, .size = {860, 560}},
+        {.name = "start-again",
+         .prepare =
+             [](Scene& scene) {
+                 scene.harness.app().defaults().setPath("lastScanPath", scene.home.url("Music"));
+             }},
+        {.name = "scanning", .prepare = startScan, .heldAt = "Videos"},
+        {.name = "scanning-estimate",
+         .prepare =
+             [](Scene& scene) {
+                 const QString path = QString::fromStdString(scene.home.url().path());
+                 scene.harness.app().defaults().set("scanStats.files", QVariantMap{{path, 90}});
+                 scene.harness.app().defaults().set("scanStats.bytes",
+                                                    QVariantMap{{path, 40'000'000}});
+                 startScan(scene);
+             },
+         .heldAt = "Videos"},
+        {.name = "scan-cancelled",
+         .prepare =
+             [](Scene& scene) {
+                 startScan(scene);
+                 scene.harness.controller().cancelActivity();
+                 scene.gate.open();
+                 Harness::eventually(
+                     [&scene] { return scene.harness.controller().stage() == Ui::Stage::Result; });
+             },
+         .heldAt = "Videos"},
+        {.name = "grid", .prepare = scanHome},
+        {.name = "grid-small", .prepare = scanHome, .size = {860, 560}},
+        {.name = "grid-ticked",
+         .prepare =
+             [](Scene& scene) {
+                 scanHome(scene);
+                 tickThree(scene);
+             }},
+        {.name = "grid-drilled",
+         .prepare =
+             [](Scene& scene) {
+                 openDownloads(scene);
+                 QTest::qWait(600);
+                 inspect(scene, "debian-12.5.0-amd64-netinst.iso");
+             }},
+        {.name = "grid-within-ticked",
+         .prepare =
+             [](Scene& scene) {
+                 scanHome(scene);
+                 scene.harness.doubleClick(scene.harness.itemNamed("Pictures"));
+                 QTest::qWait(600);
+                 scene.harness.click(scene.harness.itemNamed("2024 Lofoten"));
+                 scene.harness.press(Qt::Key_Return);
+             }},
+        {.name = "grid-hidden-items",
+         .prepare =
+             [](Scene& scene) {
+                 fillCrowd(scene.home);
+                 scene.harness.controller().scan(scene.home.url(), "screenshots");
+                 Harness::eventually(
+                     [&scene] { return scene.harness.controller().stage() == Ui::Stage::Result; });
+                 scene.harness.controller().cancelFolderLoad();
+                 scene.harness.controller().open(scene.harness.controller().folder()->nodeIDAt(0));
+             }},
+        {.name = "list", .prepare = showList},
+        {.name = "list-small", .prepare = showList, .size = {860, 560}},
+        {.name = "list-ticked",
+         .prepare =
+             [](Scene& scene) {
+                 showList(scene);
+                 tickThree(scene);
+             }},
+        {.name = "list-by-name",
+         .prepare =
+             [](Scene& scene) {
+                 showList(scene);
+                 scene.harness.controller().folder()->sortBy(Ui::SortKey::Name);
+                 inspect(scene, "Pictures");
+             }},
+        {.name = "filter-nothing",
+         .prepare =
+             [](Scene& scene) {
+                 scanHome(scene);
+                 scene.harness.press(Qt::Key_F, Qt::ControlModifier);
+                 scene.harness.type("zebra");
+             }},
+        {.name = "empty-folder",
+         .prepare =
+             [](Scene& scene) { scene.harness.scan(scene.home.makeFolder("Nothing in here")); }},
+        {.name = "root-locked",
+         .prepare =
+             [](Scene& scene) {
+                 scanHome(scene);
+                 scene.harness.controller().scan(FileURL("/usr/share/doc/fonts-inter"),
+                                                 "screenshots");
+                 Harness::eventually(
+                     [&scene] { return scene.harness.controller().stage() == Ui::Stage::Result; });
+             }},
+        {.name = "review", .prepare = review},
+        {.name = "review-small", .prepare = review, .size = {860, 560}},
+        {.name = "removed", .prepare = removeNotes},
+        {.name = "restored",
+         .prepare =
+             [](Scene& scene) {
+                 removeNotes(scene);
+                 scene.harness.press(Qt::Key_Z, Qt::ControlModifier);
+                 Harness::eventually([&scene] {
+                     return scene.harness.controller().banner().startsWith("Restored") &&
+                            scene.harness.controller().stage() == Ui::Stage::Result;
+                 });
+             }},
+        {.name = "failures",
+         .prepare =
+             [](Scene& scene) {
+                 scanHome(scene);
+                 scene.harness.click("showFailures");
+                 QTest::qWait(300);
+             },
+         .refused = "mail"},
+        {.name = "trouble", .prepare = scanHome, .refused = "mail"},
+        {.name = "purgeable",
+         .prepare =
+             [](Scene& scene) {
+                 scanHome(scene);
+                 scene.harness.controller().openPurgeable();
+                 QTest::qWait(300);
+             }},
+        {.name = "purgeable-none",
+         .prepare =
+             [](Scene& scene) {
+                 scene.harness.scan(scene.home.url("Music"));
+                 scene.harness.controller().openPurgeable();
+                 QTest::qWait(300);
+             }},
+        {.name = "shortcuts",
+         .prepare =
+             [](Scene& scene) {
+                 scene.harness.press(Qt::Key_F1);
+                 QTest::qWait(300);
+             }},
+    };
+    return table;
+}
+
+Harness::Setting settingOf(const Shot& shot, Harness::Scheme scheme,
+                           const std::shared_ptr<Gate>& gate) {
+    Harness::Setting setting;
+    setting.scheme = scheme;
+    setting.size = shot.size;
+    setting.files = [&shot, gate](std::shared_ptr<const FileManager> files) {
+        return std::make_shared<FaultyFiles>(
+            std::move(files),
+            [&shot, gate](FileOperation, const FileURL& url) -> std::optional<SystemError> {
+                if (url.lastPathComponent() == shot.heldAt) {
+                    gate->pass();
+                }
+                return url.lastPathComponent() == shot.refused && !shot.refused.empty()
+                           ? std::optional(SystemError{EACCES})
+                           : std::nullopt;
+            });
+    };
+    if (!shot.refused.empty()) {
+        setting.layout = [](HostLayout& layout) {
+            layout.access.probes = {{"shadow", FileURL("/etc/there-is-no-such-file")}};
+        };
+    }
+    return setting;
+}
+
+bool take(const Shot& shot, Harness::Scheme scheme, const QString& folder) {
+    const TemporaryHome home;
+    fillSampleHome(home);
+    const auto gate = std::make_shared<Gate>();
+    Harness harness(home, settingOf(shot, scheme, gate));
+    Scene scene{home, harness, *gate};
+    shot.prepare(scene);
+    const bool isDark = scheme == Harness::Scheme::dark;
+    const QString suffix = (isDark ? "-dark-" : "-light-") +
+                           QString::number(100 * harness.window().effectiveDevicePixelRatio()) +
+                           ".png";
+    const bool isSaved = harness.grab().save(folder + "/" + shot.name + suffix);
+    gate->open();
+    return isSaved;
+}
+
+int takeAll(const QString& folder, const QString& wanted) {
+    if (!QDir().mkpath(folder)) {
+        return 1;
+    }
+    bool isComplete = true;
+    for (const Shot& shot : shots()) {
+        if (!QString(shot.name).contains(wanted)) {
+            continue;
+        }
+        for (const Harness::Scheme scheme : {Harness::Scheme::light, Harness::Scheme::dark}) {
+            isComplete = take(shot, scheme, folder) && isComplete;
+        }
+    }
+    return isComplete && !::testing::Test::HasFailure() ? 0 : 1;
+}
+
+}
+}
+
+int main(int argumentCount, char** arguments) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QGuiApplication application(argumentCount, arguments);
+    tolvane::MainWindow::prepareApplication();
+    ::testing::InitGoogleTest(&argumentCount, arguments);
+    if (argumentCount < 2) {
+        std::fputs("Usage: Screenshots FOLDER [PART-OF-A-NAME]\n", stderr);
+        return 2;
+    }
+    return tolvane::takeAll(arguments[1], argumentCount > 2 ? arguments[2] : "");
+}

@@ -1,0 +1,244 @@
+#include "Gate.h"
+#include "Harness.h"
+#include "SampleHome.h"
+
+#include <Support/FaultyFiles.h>
+#include <Support/OddNames.h>
+#include <Support/TreeState.h>
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTest>
+#include <algorithm>
+#include <filesystem>
+
+namespace tolvane {
+namespace {
+
+std::string trashOf(const TemporaryHome& home) {
+    return home.path(".local/share/Trash");
+}
+
+std::vector<std::string> logMessages(Harness& harness) {
+    harness.app().log().flush();
+    QFile file(QString::fromStdString(harness.app().log().fileURL().path()));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    std::vector<std::string> messages;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        messages.push_back(line.mid(line.indexOf(' ') + 1).toStdString());
+    }
+    return messages;
+}
+
+QString bannerOf(Harness& harness) {
+    QQuickItem* const text = harness.find("bannerText");
+    return text == nullptr ? QString() : text->property("text").toString();
+}
+
+TEST(SpaceAnalysis, movesWhatAPersonTicksToTheTrashAndBack) {
+    const TemporaryHome home;
+    fillSampleHome(home);
+    Harness harness(home);
+    const TreeState before = treeState(home.path("Downloads"));
+    harness.workspace().folder = home.url();
+
+    harness.click("emptyStateAction");
+    ASSERT_TRUE(
+        harness.eventually([&] { return harness.controller().stage() == Ui::Stage::Result; }));
+    harness.doubleClick(harness.itemNamed("Downloads"));
+    ASSERT_NE(harness.itemNamed("<b>offer</b> &amp; invoice.pdf"), nullptr);
+    EXPECT_TRUE(harness.shows("<b>offer</b> &amp; invoice.pdf")) << "drawn as it is written";
+
+    harness.click(harness.itemNamed(u"not \ufffd UTF-8 \ufffd.zip"_qs));
+    EXPECT_TRUE(harness.find("inspectedName") != nullptr);
+    harness.click(harness.itemNamed("<b>offer</b> &amp; invoice.pdf"), Qt::ControlModifier);
+    EXPECT_EQ(harness.controller().selectedCount(), 2);
+
+    harness.press(Qt::Key_Delete);
+    ASSERT_NE(harness.find("reviewRow1"), nullptr);
+    EXPECT_TRUE(harness.shows("Items move to Trash and can be restored with Undo.\n"
+                              "Space is freed when the Trash is emptied."));
+    harness.click("reviewRemove");
+    ASSERT_TRUE(harness.eventually([&] { return bannerOf(harness) == "Moved 2 items to Trash"; }));
+    EXPECT_FALSE(home.has("Downloads/not \xff UTF-8 \xc3.zip"));
+    EXPECT_TRUE(home.has(".local/share/Trash/files/not \xff UTF-8 \xc3.zip"));
+    EXPECT_TRUE(home.has(".local/share/Trash/info/<b>offer</b> &amp; invoice.pdf.trashinfo"));
+
+    harness.click("bannerAction");
+    ASSERT_TRUE(harness.eventually([&] { return bannerOf(harness) == "Restored 2 items"; }));
+    EXPECT_EQ(treeState(home.path("Downloads")), before);
+    EXPECT_TRUE(std::filesystem::is_empty(trashOf(home) + "/files"));
+}
+
+TEST(SpaceAnalysis, everyNameGoesToTheTrashAndBackThroughTheWindow) {
+    const TemporaryHome home;
+    for (const std::string& name : oddNames()) {
+        home.write("odd/" + name, std::string(3000, 'o'));
+    }
+    Harness harness(home);
+    const TreeState before = treeState(home.path("odd"));
+    harness.scan(home.url("odd"));
+
+    harness.press(Qt::Key_A, Qt::ControlModifier);
+    harness.click("review");
+    harness.click("reviewRemove");
+    ASSERT_TRUE(harness.eventually([&] { return bannerOf(harness).startsWith("Moved"); }));
+    EXPECT_TRUE(treeState(home.path("odd")).empty());
+    ASSERT_TRUE(
+        harness.eventually([&] { return harness.controller().stage() == Ui::Stage::Result; }));
+    harness.press(Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_TRUE(harness.eventually([&] { return bannerOf(harness).startsWith("Restored"); }));
+    EXPECT_EQ(treeState(home.path("odd")), before);
+}
+
+TEST(SpaceAnalysis, aRowInTheWayIsMarkedAndMovesNothingUntilItIsLeftOut) {
+    const TemporaryHome home;
+    home.write("data/good.bin", std::string(50'000, 'g'));
+    home.makeLink("data/dangling", "nowhere");
+    Harness harness(home);
+    harness.scan(home.url("data"));
+    harness.press(Qt::Key_A, Qt::ControlModifier);
+    harness.press(Qt::Key_Delete);
+    ASSERT_TRUE(
+        harness.eventually([&] { return harness.controller().removal()->troubledCount() == 1; }));
+
+    harness.click("reviewRemove");
+    ASSERT_TRUE(harness.eventually(
+        [&] { return harness.controller().banner().startsWith("Item no longer exists"); }));
+    EXPECT_TRUE(home.has("data/good.bin"));
+    EXPECT_TRUE(home.has("data/dangling"));
+
+    if (harness.find("reviewRow0") == nullptr) {
+        harness.press(Qt::Key_Delete);
+    }
+    harness.controller().removal()->leaveOutTroubled();
+    harness.click("reviewRemove");
+    ASSERT_TRUE(harness.eventually([&] { return bannerOf(harness) == "Moved 1 item to Trash"; }));
+    EXPECT_FALSE(home.has("data/good.bin"));
+    EXPECT_TRUE(home.has("data/dangling"));
+}
+
+TEST(SpaceAnalysis, canBeWorkedByKeyboardAlone) {
+    const TemporaryHome home;
+    home.write("data/folder/large.bin", std::string(90'000, 'l'));
+    home.write("data/folder/small.bin", std::string(10'000, 's'));
+    Harness harness(home);
+    harness.workspace().folder = home.url("data");
+
+    ASSERT_TRUE(harness.tabTo("emptyStateAction"));
+    harness.press(Qt::Key_Return);
+    ASSERT_NE(harness.itemNamed("folder"), nullptr);
+    harness.press(Qt::Key_Return);
+    ASSERT_NE(harness.itemNamed("small.bin"), nullptr);
+    harness.press(Qt::Key_Right);
+    harness.press(Qt::Key_Space);
+    EXPECT_EQ(harness.controller().selectedCount(), 1);
+    harness.press(Qt::Key_Delete);
+    ASSERT_NE(harness.find("reviewRow0"), nullptr);
+    harness.press(Qt::Key_Return);
+    EXPECT_TRUE(home.has("data/folder/small.bin")) << "the default button removes nothing";
+    if (harness.find("reviewRow0") == nullptr) {
+        harness.press(Qt::Key_Delete);
+    }
+    ASSERT_TRUE(harness.tabTo("reviewRemove"));
+    harness.press(Qt::Key_Return);
+    ASSERT_TRUE(harness.eventually([&] { return !home.has("data/folder/small.bin"); }));
+    ASSERT_TRUE(harness.eventually([&] { return harness.controller().removal()->canUndo(); }));
+    harness.press(Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_TRUE(harness.eventually([&] { return home.has("data/folder/small.bin"); }));
+    EXPECT_TRUE(home.has("data/folder/large.bin"));
+
+    harness.press(Qt::Key_F1);
+    EXPECT_TRUE(harness.shows("Shortcuts"));
+    harness.press(Qt::Key_Escape);
+}
+
+TEST(SpaceAnalysis, scansAFolderDroppedOnTheWindow) {
+    const TemporaryHome home;
+    home.write("a \xff folder/inside.txt", "inside");
+    Harness harness(home);
+    harness.drop({home.url("a \xff folder")});
+    ASSERT_NE(harness.itemNamed("inside.txt"), nullptr);
+    EXPECT_EQ(harness.controller().scannedURL(), home.url("a \xff folder"));
+}
+
+TEST(SpaceAnalysis, aCancelledScanShowsWhatItHasAndSaysSo) {
+    const TemporaryHome home;
+    fillSampleHome(home);
+    const auto gate = std::make_shared<Gate>();
+    Harness harness(
+        home, {.files = [&](std::shared_ptr<const FileManager> files) {
+            return std::make_shared<FaultyFiles>(
+                std::move(files),
+                [gate](FileOperation, const FileURL& url) -> std::optional<SystemError> {
+                    if (url.lastPathComponent() == "Videos") {
+                        gate->pass();
+                    }
+                    return std::nullopt;
+                });
+        }});
+    harness.controller().scan(home.url(), "test");
+    ASSERT_TRUE(harness.eventually([&] { return gate->isReached(); }));
+    EXPECT_NE(harness.find("scanProgress"), nullptr);
+    harness.press(Qt::Key_Escape);
+    gate->open();
+    ASSERT_TRUE(
+        harness.eventually([&] { return harness.controller().stage() == Ui::Stage::Result; }));
+    EXPECT_NE(harness.find("partialBanner"), nullptr);
+}
+
+TEST(TolvaneApp, tellsTheLogOfItsLaunch) {
+    const TemporaryHome home;
+    home.write(".local/state/Logs/DiagnosticReports/Tolvane-2026-01-02-030405.crash", "report");
+    Harness harness(home);
+    const std::vector<std::string> messages = logMessages(harness);
+    ASSERT_GE(messages.size(), 3U);
+    EXPECT_EQ(messages[0], "app launch version=1.2.3");
+    EXPECT_NE(messages[1].find("Tolvane-2026-01-02-030405.crash"), std::string::npos);
+    EXPECT_TRUE(messages[2].starts_with("fda launch granted=")) << messages[2];
+    EXPECT_NE(messages[2].find(" confirmed="), std::string::npos);
+    EXPECT_NE(messages[2].find(" detail="), std::string::npos);
+}
+
+TEST(TolvaneApp, startsWithDefaultsWhenItsSettingsAreBroken) {
+    const std::vector<std::string> broken{
+        std::string("[General]\nspaceAnalysisView=@Variant(\\0\\0\\0\x7f"),
+        "[General]\ninitialModule=@Invalid()\nlastScanPath=@Size(1 2)\nspaceAnalysisView=7\n"
+        "window.placement=17\nscanStats.files=yes\n",
+        std::string("\x00\xff\xfe binary", 10)};
+    for (const std::string& settings : broken) {
+        const TemporaryHome home;
+        home.write(".config/Tolvane/Tolvane.conf", settings);
+        home.write("data/file.bin", std::string(9000, 'f'));
+        Harness harness(home);
+        EXPECT_EQ(harness.app().currentModule(), 0);
+        EXPECT_EQ(harness.controller().spaceAnalysisView(), "grid");
+        harness.scan(home.url("data"));
+        EXPECT_NE(harness.itemNamed("file.bin"), nullptr);
+    }
+}
+
+TEST(MainWindow, comesBackWhereItWasUnlessNobodyCouldSeeItThere) {
+    const QRect screen(0, 0, 1920, 1080);
+    const QSize smallest(860, 560);
+    const auto fitted = [&](const QRect& wanted) {
+        return WindowPlacement::fitted(wanted, screen, smallest);
+    };
+    EXPECT_EQ(fitted({100, 80, 1000, 700}), QRect(100, 80, 1000, 700));
+    EXPECT_EQ(fitted({5000, 3000, 1000, 700}), QRect(920, 380, 1000, 700));
+    EXPECT_EQ(fitted({-900, -50, 1000, 700}), QRect(0, 0, 1000, 700));
+    EXPECT_EQ(fitted({0, 0, 4000, 3000}), screen);
+    EXPECT_EQ(fitted({10, 10, -5, 0}).size(), smallest);
+
+    const TemporaryHome home;
+    {
+        Harness harness(home);
+        harness.window().resize(1010, 610);
+        QTest::qWait(50);
+    }
+    EXPECT_EQ(Harness(home).window().size(), QSize(1010, 610));
+}
+
+}
+}
