@@ -59,6 +59,8 @@ QString textOf(const QQuickItem& item) {
 Harness::Harness(const TemporaryHome& home, const Setting& setting)
     : layout_(layoutOf(home, setting))
     , appearance_(palette(setting.scheme)) {
+    // Nothing is caught halfway on its way.
+    appearance_.applySetting("org.gnome.desktop.interface", "enable-animations", false);
     std::shared_ptr<const FileManager> files = systemFileManager(layout_);
     if (setting.files) {
         files = setting.files(files);
@@ -168,7 +170,7 @@ bool Harness::eventually(const std::function<bool()>& condition) {
 }
 
 QImage Harness::grab() {
-    QTest::qWait(50);
+    QTest::qWait(100);
     return window().grabWindow();
 }
 

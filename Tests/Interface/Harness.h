@@ -27,12 +27,12 @@ class Harness {
     enum class Scheme { light, dark };
     struct Setting {
         /// Stands before the file system.
-        Decorator files;
+        Decorator files = {};
         /// Changes the machine's places and tables.
-        std::function<void(HostLayout& layout)> layout;
+        std::function<void(HostLayout& layout)> layout = {};
         Scheme scheme = Scheme::light;
         /// Invalid: as the window wants it.
-        QSize size;
+        QSize size = {};
     };
 
     explicit Harness(const TemporaryHome& home)

@@ -1,4 +1,4 @@
-#include <Components/IconProvider.h>
+#include <Components/ComponentsSetup.h>
 #include <Interface/MainWindow.h>
 
 #include <QFont>
@@ -23,9 +23,7 @@ QFont interfaceFont() {
 
 MainWindow::MainWindow(TolvaneApp& app, Appearance& appearance, FolderChooser& chooser)
     : defaults_(app.defaults()) {
-    // Where the modules lie in the program, also once it is installed.
-    engine_.addImportPath("qrc:/");
-    engine_.addImageProvider("icon", new IconProvider);
+    readyComponents(engine_);
     engine_.setInitialProperties({{"app", QVariant::fromValue(&app)},
                                   {"appearance", QVariant::fromValue(&appearance)},
                                   {"chooser", QVariant::fromValue(&chooser)}});

@@ -5,7 +5,7 @@ import Tolvane
 import Tolvane.Components
 
 /// The window: the modules on the left, the screen of one of them beside it.
-ApplicationWindow {
+ThemedWindow {
     id: root
 
     required property TolvaneApp app
@@ -18,8 +18,6 @@ ApplicationWindow {
     minimumWidth: 860
     minimumHeight: 560
     title: "Tolvane"
-    color: Theme.window
-    palette: Theme.palette
 
     Binding {
         target: Theme
