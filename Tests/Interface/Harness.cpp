@@ -84,6 +84,13 @@ QQuickItem* Harness::find(const QString& objectName) {
     return wait([&objectName](const QQuickItem& item) { return item.objectName() == objectName; });
 }
 
+QQuickItem* Harness::find(const QString& objectName, const QString& within) {
+    QQuickItem* const whole = find(within);
+    return whole == nullptr ? nullptr : search(whole, [&objectName](const QQuickItem& item) {
+        return item.objectName() == objectName;
+    });
+}
+
 QQuickItem* Harness::itemNamed(const QString& name) {
     return wait([&name](const QQuickItem& item) {
         return item.objectName().startsWith("item") && item.property("name").toString() == name;
@@ -118,7 +125,6 @@ void Harness::click(QQuickItem* item, Qt::KeyboardModifiers modifiers) {
 void Harness::doubleClick(QQuickItem* item) {
     ASSERT_NE(item, nullptr);
     const QPoint point = item->mapToScene(item->boundingRect().center()).toPoint();
-    QTest::mouseClick(&window(), Qt::LeftButton, {}, point);
     QTest::mouseDClick(&window(), Qt::LeftButton, {}, point);
 }
 

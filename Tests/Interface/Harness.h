@@ -1,9 +1,8 @@
 #pragma once
 
-#include "TestWorkspace.h"
-
 #include <Support/TemporaryHome.h>
 
+#include <ControllerSupport/RecordingWorkspace.h>
 #include <Interface/Appearance.h>
 #include <Interface/FolderChooser.h>
 #include <Interface/MainWindow.h>
@@ -41,12 +40,14 @@ class Harness {
 
     TolvaneApp& app() { return *app_; }
     ScanViewModel& controller() { return app_->spaceAnalysis(); }
-    TestWorkspace& workspace() { return workspace_; }
+    RecordingWorkspace& workspace() { return workspace_; }
     const HostLayout& layout() const { return layout_; }
     QQuickWindow& window() { return *main_->window(); }
 
     /// Looks for a while; null when no visible item bears the name.
     QQuickItem* find(const QString& objectName);
+    /// The same within another item.
+    QQuickItem* find(const QString& objectName, const QString& within);
     /// The item of the folder on screen that shows this name.
     QQuickItem* itemNamed(const QString& name);
     bool shows(const QString& text);
@@ -71,7 +72,7 @@ class Harness {
     QQuickItem* wait(const std::function<bool(const QQuickItem&)>& isWanted);
 
     const HostLayout layout_;
-    TestWorkspace workspace_;
+    RecordingWorkspace workspace_;
     FolderChooser chooser_;
     Appearance appearance_;
     std::optional<TolvaneApp> app_;

@@ -20,7 +20,7 @@ inline void fillSampleHome(const TemporaryHome& home) {
     write("Videos/Interview, uncut.mkv", 9000);
     write("Videos/Trailer.mp4", 1400);
     write("Downloads/debian-12.5.0-amd64-netinst.iso", 3600);
-    write("Downloads/<b>offer</b> &amp; invoice.pdf", 210);
+    write("Downloads/<b>offer<br> &amp; invoice.pdf", 210);
     write("Downloads/not \xff UTF-8 \xc3.zip", 840);
     write("Documents/Thesis/thesis.pdf", 1300);
     write("Documents/Thesis/figures/overview.svg", 90);

@@ -28,6 +28,7 @@ Sheet {
         isDismissible: false
     }
     Banner {
+        objectName: "reviewTrouble"
         Layout.fillWidth: true
         kind: Banner.Warning
         text: sheet.removal.troubledCount > 0 ? qsTr("Nothing is moved while an item is in the way of the others.") : ""
