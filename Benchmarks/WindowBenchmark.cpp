@@ -1,0 +1,273 @@
+// What a person waits for in the window, drawn by the software renderer without a screen. Every
+// figure stands beside its limit. "busy" is the time the main thread computed at a stretch, "wall"
+// what passed meanwhile, which other programs lengthen.
+
+#include "Harness.h"
+#include <Support/SyntheticFiles.h>
+#include <Support/TemporaryHome.h>
+
+#include <fmt/format.h>
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QTest>
+#include <QTimer>
+#include <QtQml/QQmlEngineExtensionPlugin>
+
+#include <algorithm>
+#include <ctime>
+#include <string_view>
+#include <vector>
+
+Q_IMPORT_QML_PLUGIN(TolvanePlugin)
+Q_IMPORT_QML_PLUGIN(Tolvane_ComponentsPlugin)
+
+namespace tolvane {
+namespace {
+
+using Milliseconds = double;
+
+Milliseconds clockOf(clockid_t clock) {
+    timespec time{};
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) * 1e-6;
+}
+
+struct Span {
+    Milliseconds busy = 0;
+    Milliseconds wall = 0;
+};
+
+class Stopwatch {
+  public:
+    Span elapsed() const {
+        return {clockOf(CLOCK_THREAD_CPUTIME_ID) - busy_, clockOf(CLOCK_MONOTONIC) - wall_};
+    }
+
+  private:
+    Milliseconds busy_ = clockOf(CLOCK_THREAD_CPUTIME_ID);
+    Milliseconds wall_ = clockOf(CLOCK_MONOTONIC);
+};
+
+void report(std::string_view what, const Span& span, Milliseconds limit) {
+    fmt::print("{:<58} busy {:>7.1f} ms   wall {:>7.1f} ms   limit {:>5.0f} ms  {}\n", what,
+               span.busy, span.wall, limit, span.busy <= limit ? "ok" : "TOO SLOW");
+    std::fflush(stdout);
+}
+
+/// Notes the longest time that the event loop did not come round.
+class StallWatch {
+  public:
+    StallWatch() {
+        QObject::connect(&timer_, &QTimer::timeout, [this] { tick(); });
+        timer_.start(0);
+    }
+    Span longest() const { return longest_; }
+
+  private:
+    void tick() {
+        const Span span = since_.elapsed();
+        longest_.busy = std::max(longest_.busy, span.busy);
+        longest_.wall = std::max(longest_.wall, span.wall);
+        since_ = Stopwatch();
+    }
+
+    QTimer timer_;
+    Stopwatch since_;
+    Span longest_;
+};
+
+/// From `act` until the window shows what came of it.
+template <class Act>
+Span untilDrawn(QQuickWindow& window, Act act) {
+    bool isDrawn = false;
+    const auto connection =
+        QObject::connect(&window, &QQuickWindow::frameSwapped, [&isDrawn] { isDrawn = true; });
+    const Stopwatch watch;
+    act();
+    window.update();
+    while (!isDrawn) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    }
+    const Span span = watch.elapsed();
+    QObject::disconnect(connection);
+    return span;
+}
+
+SyntheticItem folderOf(std::string name, int files, Bytes size) {
+    SyntheticItem folder = SyntheticItem::folder(std::move(name));
+    folder.children.reserve(static_cast<std::size_t>(files));
+    for (int i = 0; i < files; ++i) {
+        folder.children.push_back(SyntheticItem::file("file " + std::to_string(i), size + i));
+    }
+    return folder;
+}
+
+Harness::Setting settingWith(SyntheticItem root) {
+    Harness::Setting setting;
+    setting.files = [files = std::make_shared<SyntheticFiles>("/data", std::move(root))](
+                        const auto&) -> std::shared_ptr<const FileManager> { return files; };
+    return setting;
+}
+
+QQuickItem* scrollingView(QQuickItem& item) {
+    if (item.inherits("QQuickFlickable") && item.isVisible() &&
+        item.property("contentHeight").toDouble() > 10'000) {
+        return &item;
+    }
+    for (QQuickItem* child : item.childItems()) {
+        if (QQuickItem* found = scrollingView(*child)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+void scroll(Harness& harness, std::string_view what) {
+    constexpr int frames = 100;
+    constexpr double step = 96;
+    constexpr Milliseconds limit = 33;
+    QQuickItem* view = scrollingView(*harness.window().contentItem());
+    if (view == nullptr) {
+        fmt::print("{}: no view of that length was found\n", what);
+        return;
+    }
+    Span worst;
+    for (int frame = 0; frame < frames; ++frame) {
+        const double y = view->property("contentY").toDouble() + step;
+        const Span span =
+            untilDrawn(harness.window(), [&] { view->setProperty("contentY", y); });
+        worst.busy = std::max(worst.busy, span.busy);
+        worst.wall = std::max(worst.wall, span.wall);
+    }
+    report(fmt::format("{}, the slowest of {} frames", what, frames), worst, limit);
+}
+
+void openLargeFolder() {
+    constexpr int rows = 8192;
+    const TemporaryHome home;
+    SyntheticItem root = SyntheticItem::folder("data", {folderOf("large", rows, 4096)});
+    Harness harness(home, settingWith(std::move(root)));
+    harness.scan(FileURL("/data"));
+    for (const char* const view : {"list", "grid"}) {
+        harness.controller().setSpaceAnalysisView(view);
+        QTest::qWait(600);
+        const FileNode large = harness.controller().path().front().children().front();
+        report(fmt::format("opening a folder of {} rows, {}", rows, view),
+               untilDrawn(harness.window(), [&] { harness.controller().drill(large); }), 100);
+        QTest::qWait(600);
+        scroll(harness, fmt::format("scrolling it, {}", view));
+        const QString item = harness.controller().folder()->nodeIDAt(0);
+        Span slowest;
+        for (int click = 0; click < 20; ++click) {
+            const Span span = untilDrawn(
+                harness.window(), [&] { harness.controller().select(item, true); });
+            slowest.busy = std::max(slowest.busy, span.busy);
+            slowest.wall = std::max(slowest.wall, span.wall);
+        }
+        report(fmt::format("a tick in it until it is drawn, {}", view), slowest, 16);
+        harness.controller().goBack();
+    }
+}
+
+/// About as many nodes as a scan keeps at most: 250,000 folders, 200,000 files.
+SyntheticItem largestTree() {
+    constexpr int folders = 249;
+    constexpr int inner = 1000;
+    constexpr int files = 2;
+    constexpr Bytes keyFile = 2'000'000;
+    SyntheticItem root = SyntheticItem::folder("data");
+    for (int i = 0; i < folders; ++i) {
+        SyntheticItem folder = SyntheticItem::folder("folder " + std::to_string(i));
+        folder.children.reserve(inner);
+        for (int j = 0; j < inner; ++j) {
+            folder.children.push_back(folderOf("inner " + std::to_string(j), files, keyFile));
+        }
+        root.children.push_back(std::move(folder));
+    }
+    return root;
+}
+
+void applyLargestResult() {
+    const TemporaryHome home;
+    Harness harness(home, settingWith(largestTree()));
+    ScanViewModel& controller = harness.controller();
+    for (const char* const what : {"the first result", "a result in the place of another"}) {
+        const StallWatch watch;
+        controller.scan(FileURL("/data"), "benchmark");
+        while (controller.stage() != Ui::Stage::Result) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+        }
+        QTest::qWait(300);
+        const FileNode& root = controller.path().front();
+        const NodeTotals all = totals(root);
+        report(fmt::format("{} of {} kept nodes, longest stall", what,
+                           all.listedFileCount + all.listedDirectoryCount),
+               watch.longest(), 100);
+    }
+    controller.inspect(controller.folder()->nodeIDAt(0));
+    const QString item = controller.folder()->nodeIDAt(0);
+    report("a tick in it until it is drawn",
+           untilDrawn(harness.window(), [&] { controller.select(item, true); }), 16);
+}
+
+void scanWholeDisk() {
+    const TemporaryHome home;
+    Harness harness(home);
+    const StallWatch watch;
+    harness.controller().scan(FileURL("/"), "benchmark");
+    while (harness.controller().stage() != Ui::Stage::Result) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    }
+    QTest::qWait(300);
+    report(fmt::format("scan of \"/\" ({}), longest stall",
+                       harness.controller().folderText().toStdString()),
+           watch.longest(), 100);
+}
+
+constexpr std::string_view firstFrame = "first-frame";
+
+/// In a process of its own: everything from its start to the first frame.
+void showFirstFrame() {
+    const TemporaryHome home;
+    const Harness harness(home);
+    fmt::print("{}", clockOf(CLOCK_PROCESS_CPUTIME_ID));
+}
+
+void start(const QString& program) {
+    std::vector<Milliseconds> times;
+    for (int i = 0; i < 5; ++i) {
+        QProcess process;
+        process.start(program, {QString::fromUtf8(firstFrame.data())});
+        process.waitForFinished(-1);
+        times.push_back(process.readAllStandardOutput().toDouble());
+    }
+    std::sort(times.begin(), times.end());
+    const Milliseconds median = times[times.size() / 2];
+    report("start to first frame, CPU time of all threads", {median, times.back()}, 400);
+}
+
+int run(int count, char** arguments) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    const QGuiApplication application(count, arguments);
+    MainWindow::prepareApplication();
+    if (count > 1 && arguments[1] == firstFrame) {
+        showFirstFrame();
+        return 0;
+    }
+    start(QCoreApplication::applicationFilePath());
+    openLargeFolder();
+    applyLargestResult();
+    scanWholeDisk();
+    return 0;
+}
+
+}
+}
+
+int main(int argumentCount, char** arguments) {
+    return tolvane::run(argumentCount, arguments);
+}
