@@ -3,6 +3,7 @@
 // what passed meanwhile, which other programs lengthen.
 
 #include "Harness.h"
+
 #include <Support/SyntheticFiles.h>
 #include <Support/TemporaryHome.h>
 
@@ -14,7 +15,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QtQml/QQmlEngineExtensionPlugin>
-
 #include <algorithm>
 #include <ctime>
 #include <string_view>
@@ -136,8 +136,7 @@ void scroll(Harness& harness, std::string_view what) {
     Span worst;
     for (int frame = 0; frame < frames; ++frame) {
         const double y = view->property("contentY").toDouble() + step;
-        const Span span =
-            untilDrawn(harness.window(), [&] { view->setProperty("contentY", y); });
+        const Span span = untilDrawn(harness.window(), [&] { view->setProperty("contentY", y); });
         worst.busy = std::max(worst.busy, span.busy);
         worst.wall = std::max(worst.wall, span.wall);
     }
@@ -161,8 +160,8 @@ void openLargeFolder() {
         const QString item = harness.controller().folder()->nodeIDAt(0);
         Span slowest;
         for (int click = 0; click < 20; ++click) {
-            const Span span = untilDrawn(
-                harness.window(), [&] { harness.controller().select(item, true); });
+            const Span span =
+                untilDrawn(harness.window(), [&] { harness.controller().select(item, true); });
             slowest.busy = std::max(slowest.busy, span.busy);
             slowest.wall = std::max(slowest.wall, span.wall);
         }
