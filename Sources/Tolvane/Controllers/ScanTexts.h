@@ -17,7 +17,7 @@ QString size(Bytes size);
 /// "1.2 GB in 12 files, 3 folders"; the folder itself is none of them.
 QString contents(const NodeTotals& totals);
 /// "3 items, 1.2 GB"; empty for none.
-QString selection(std::size_t count, Bytes size);
+QString selection(std::size_t count, Bytes bytes);
 /// "Scanned in 2.1 s"
 QString elapsed(const DiskScan::Result& result);
 /// Empty when everything could be read.

@@ -54,10 +54,8 @@ void ScanViewModel::inspect(const QString& nodeID) {
 
 void ScanViewModel::inspectNode(std::optional<FileNode> node) {
     inspected_ = std::move(node);
-    if (inspected_) {
-        inspector_.show(*inspected_);
-    } else if (!path_.empty()) {
-        inspector_.show(path_.back());
+    if (inspected_ || !path_.empty()) {
+        inspector_.show(inspected_ ? *inspected_ : path_.back());
     } else {
         inspector_.clear();
     }
