@@ -30,7 +30,7 @@ TolvaneApp::TolvaneApp(const Host& host)
     recordLaunch(host.version);
     modules_.reset({{"arborview", "Space Analysis", "circle.hexagongrid",
                      QUrl("qrc:/Tolvane/ContentView.qml"), &spaceAnalysis_}});
-    currentModule_ = firstModule();
+    currentModule_.setValue(firstModule());
 }
 
 TolvaneApp::~TolvaneApp() = default;

@@ -46,11 +46,11 @@ double distance(const QPointF& from, const QPointF& to, Qt::Key key) {
 }
 
 TreemapItem::TreemapItem(QQuickItem* parent)
-    : QQuickPaintedItem(parent) {
+    : QQuickPaintedItem(parent)
+    , isEmpty_(true) {
     setAcceptHoverEvents(true);
     setAcceptedMouseButtons(Qt::LeftButton);
     setActiveFocusOnTab(true);
-    isEmpty_ = true;
     connect(this, &TreemapItem::colorsChanged, this, [this] { update(); });
 }
 
@@ -58,11 +58,11 @@ void TreemapItem::setController(ScanViewModel* controller) {
     if (controller_ == controller) {
         return;
     }
-    if (controller_) {
+    if (controller_ != nullptr) {
         controller_->disconnect(this);
     }
     controller_ = controller;
-    if (controller_) {
+    if (controller_ != nullptr) {
         connect(controller_, &ScanViewModel::treemapChanged, this, &TreemapItem::load);
     }
     load();
@@ -70,7 +70,7 @@ void TreemapItem::setController(ScanViewModel* controller) {
 }
 
 void TreemapItem::load() {
-    entries_ = controller_ ? controller_->treemapEntries() : std::vector<TreemapEntry>();
+    entries_ = controller_ != nullptr ? controller_->treemapEntries() : std::vector<TreemapEntry>();
     arrange();
 }
 
@@ -201,14 +201,14 @@ void TreemapItem::mousePressEvent(QMouseEvent* event) {
 }
 
 void TreemapItem::mouseReleaseEvent(QMouseEvent*) {
-    if (controller_ && !pressedID_.isEmpty()) {
+    if (controller_ != nullptr && !pressedID_.isEmpty()) {
         controller_->inspect(pressedID_);
     }
 }
 
 void TreemapItem::mouseDoubleClickEvent(QMouseEvent*) {
     const QString opened = std::exchange(pressedID_, QString());
-    if (controller_ && !opened.isEmpty()) {
+    if (controller_ != nullptr && !opened.isEmpty()) {
         controller_->open(opened);
     }
 }
@@ -218,9 +218,10 @@ void TreemapItem::keyPressEvent(QKeyEvent* event) {
     const QString id = idOf(highlighted_);
     if (key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down) {
         highlight(neighbour(key));
-    } else if (key == Qt::Key_Space && controller_ && !id.isEmpty()) {
+    } else if (key == Qt::Key_Space && controller_ != nullptr && !id.isEmpty()) {
         controller_->inspect(id);
-    } else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && controller_ && !id.isEmpty()) {
+    } else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && controller_ != nullptr &&
+               !id.isEmpty()) {
         controller_->open(id);
     } else {
         event->ignore();

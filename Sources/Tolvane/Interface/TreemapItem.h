@@ -6,7 +6,6 @@
 
 #include <QColor>
 #include <QList>
-#include <QPointer>
 #include <QQuickPaintedItem>
 #include <QString>
 #include <optional>
@@ -68,7 +67,8 @@ class TreemapItem : public QQuickPaintedItem {
     QString idOf(std::optional<std::size_t> position) const;
     QColor colorOf(std::size_t position) const;
 
-    QPointer<ScanViewModel> controller_;
+    /// Outlives this, as controllers outlive screens.
+    ScanViewModel* controller_ = nullptr;
     std::vector<TreemapEntry> entries_;
     std::vector<TreemapCell> cells_;
     std::optional<std::size_t> highlighted_;
