@@ -11,9 +11,9 @@ inline void fillSampleHome(const TemporaryHome& home) {
     const auto write = [&home](const std::string& relative, std::size_t kilobytes) {
         home.write(relative, std::string(kilobytes * 1000, 'x'));
     };
-    for (int number = 1; number <= 24; ++number) {
+    for (std::size_t number = 1; number <= 24; ++number) {
         write("Pictures/2024 Lofoten/IMG_" + std::to_string(4100 + number) + ".raw",
-              static_cast<std::size_t>(180 + 7 * number));
+              180 + 7 * number);
         write("Music/Field recordings/Take " + std::to_string(number) + ".flac", 60);
     }
     write("Pictures/2023 Harbour at night with the long exposure series/IMG_0001.raw", 900);

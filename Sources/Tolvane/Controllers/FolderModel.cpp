@@ -23,7 +23,7 @@ QString percentText(double share) {
 
 /// Orders by `key`, which is computed once for each row; equal ones keep their order.
 template <class Row, class Key>
-void sortRows(std::vector<Row>& rows, bool isDescending, Key key) {
+void sortByKey(std::vector<Row>& rows, bool isDescending, Key key) {
     using Value = decltype(key(rows.front()));
     std::vector<std::pair<Value, Row>> keyed;
     keyed.reserve(rows.size());
@@ -85,7 +85,7 @@ void FolderModel::sortBy(Ui::SortKey key) {
     beginResetModel();
     isDescending_ = isSame ? !isDescending_.value() : key != Ui::SortKey::Name;
     sortKey_ = key;
-    sort();
+    sortRows();
     endResetModel();
 }
 
@@ -167,14 +167,14 @@ void FolderModel::arrange() {
             return !shownText(node(row).name()).contains(wanted, Qt::CaseInsensitive);
         });
     }
-    sort();
+    sortRows();
 }
 
-void FolderModel::sort() {
+void FolderModel::sortRows() {
     if (rows_.empty()) {
         return;
     }
-    const auto by = [this](auto key) { sortRows(rows_, isDescending_, std::move(key)); };
+    const auto by = [this](auto key) { sortByKey(rows_, isDescending_, std::move(key)); };
     switch (sortKey_.value()) {
     case Ui::SortKey::Name:
         return by([this, order = Collation()](const Row& row) {

@@ -89,7 +89,7 @@ class FolderModel final : public tolvane::ListModel {
     const std::vector<FileNode>& children() const;
     void measure();
     void arrange();
-    void sort();
+    void sortRows();
     void publishHidden();
     bool isWithinTicked() const;
     Ui::Tick tick(const FileNode& node) const;

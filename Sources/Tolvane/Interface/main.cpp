@@ -8,7 +8,6 @@
 
 #include <QGuiApplication>
 #include <QtQml/QQmlEngineExtensionPlugin>
-#include <array>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -41,7 +40,7 @@ std::optional<FileURL> place(const std::string& argument, const HostLayout& layo
     return layout.underHome(FileURL::absolute(argument, directory).standardized());
 }
 
-int showWindow(char* programName, const std::optional<std::string>& named) {
+int showWindow(char** arguments, const std::optional<std::string>& named) {
     const HostLayout layout = HostLayout::current();
     static_cast<void>(
         CrashReporter::install(crashReportDirectory(layout.locations), TOLVANE_VERSION));
@@ -54,9 +53,9 @@ int showWindow(char* programName, const std::optional<std::string>& named) {
         }
     }
 
+    // What the command line asked for is not Qt's to read.
     int count = 1;
-    std::array<char*, 2> arguments{programName, nullptr};
-    const QGuiApplication application(count, arguments.data());
+    const QGuiApplication application(count, arguments);
     MainWindow::prepareApplication();
     FolderChooser chooser;
     DesktopWorkspace workspace(layout.locations, chooser);
@@ -87,7 +86,7 @@ int run(int count, char** arguments) {
         std::cout << "tolvane " TOLVANE_VERSION "\n";
         break;
     case CommandLine::Wish::window:
-        return showWindow(arguments[0], line.folder);
+        return showWindow(arguments, line.folder);
     }
     return std::cout.flush() ? success : failure;
 }
