@@ -92,8 +92,12 @@ QQuickItem* Harness::find(const QString& objectName, const QString& within) {
 }
 
 QQuickItem* Harness::itemNamed(const QString& name) {
-    return wait([&name](const QQuickItem& item) {
-        return item.objectName().startsWith("item") && item.property("name").toString() == name;
+    const FolderModel& folder = *controller().folder();
+    return wait([&](const QQuickItem& item) {
+        const bool isItem =
+            item.objectName().startsWith("item") || item.objectName().startsWith("row");
+        const QModelIndex index = folder.index(item.property("index").toInt());
+        return isItem && index.isValid() && index.data(FolderModel::Name) == name;
     });
 }
 

@@ -34,9 +34,13 @@ Item {
         spacing: Theme.spacing
 
         ColumnLayout {
+            Layout.minimumWidth: title.implicitWidth
+            Layout.preferredWidth: 1000
             spacing: 0
 
             PlainLabel {
+                id: title
+
                 Layout.fillWidth: true
                 text: qsTr("Space Analysis")
                 font.pixelSize: Theme.titleText
@@ -57,7 +61,9 @@ Item {
             id: filter
 
             objectName: "filter"
-            Layout.preferredWidth: 180
+            Layout.fillWidth: true
+            Layout.minimumWidth: 96
+            Layout.maximumWidth: 200
             visible: toolbar.isResult
             placeholderText: qsTr("Filter")
             onTextChanged: toolbar.controller.folder.setFilter(text)

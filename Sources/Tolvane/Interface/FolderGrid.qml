@@ -3,14 +3,16 @@ import QtQuick.Templates as T
 import Tolvane
 import Tolvane.Components
 
-/// The folder's items as tiles whose fill is their share of it.
+/// The folder's items as tiles whose picture is their share of it.
 GridView {
     id: grid
 
     required property ScanViewModel controller
     /// While it is not, it costs nothing.
     required property bool isShown
-    readonly property int columns: Math.max(1, Math.floor(width / 160))
+    /// Beside the scroll bar.
+    readonly property real room: width - 12
+    readonly property int columns: Math.max(1, Math.floor(room / 160))
     readonly property string inspectedID: controller.inspector.nodeID
     property bool usesKeyboard: true
 
@@ -32,8 +34,8 @@ GridView {
         return controller.folder.nodeIDAt(currentIndex);
     }
 
-    cellWidth: Math.floor(width / columns)
-    cellHeight: 132
+    cellWidth: Math.floor(room / columns)
+    cellHeight: 124
     model: isShown ? controller.folder : null
     clip: true
     activeFocusOnTab: true

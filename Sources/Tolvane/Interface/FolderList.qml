@@ -39,34 +39,34 @@ Item {
         DataColumn {
             title: qsTr("Name")
             fills: true
-            minimumWidth: 180
+            minimumWidth: 160
             sortKey: Ui.Name
             delegate: NameCell {}
         }
         DataColumn {
             title: qsTr("Share")
-            width: 132
+            width: 120
             minimumWidth: 90
             delegate: ShareCell {}
         }
         DataColumn {
             title: qsTr("Size")
             role: "sizeText"
-            width: 88
+            width: 84
             isFigure: true
             sortKey: Ui.Size
         }
         DataColumn {
             title: qsTr("Items")
             role: "itemsText"
-            width: 108
+            width: 96
             isFigure: true
             sortKey: Ui.Items
         }
         DataColumn {
             title: qsTr("Modified")
             role: "modifiedText"
-            width: 132
+            width: 108
             sortKey: Ui.Modified
         }
     }

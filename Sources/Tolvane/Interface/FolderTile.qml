@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Tolvane
 import Tolvane.Components
 
-/// One item as a tile: filled from below as far as it fills its folder.
+/// One item as a tile: its picture is filled as far as the item fills its folder.
 Item {
     id: tile
 
@@ -42,15 +42,6 @@ Item {
         border.width: tile.isInspected || tile.tick === Ui.All ? 2 : 1
         border.color: tile.isInspected || tile.tick === Ui.All ? Theme.accent : pointer.hovered ? Theme.outline : Theme.line
 
-        Rectangle {
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.bottom: parent.bottom
-            anchors.margins: ground.border.width
-            height: (parent.height - 2 * ground.border.width) * tile.share
-            radius: Math.min(Theme.cardRadius - ground.border.width, height / 2)
-            color: Theme.accentSoft
-        }
         FocusRing {
             radius: Theme.cardRadius + gap
             gap: 0
@@ -74,45 +65,68 @@ Item {
         }
     }
 
+    Rectangle {
+        id: picture
+
+        anchors.left: ground.left
+        anchors.right: ground.right
+        anchors.top: ground.top
+        anchors.margins: 6
+        height: 40
+        radius: Theme.radius
+        color: Theme.window
+
+        Rectangle {
+            width: tile.share > 0 ? Math.max(2 * radius, parent.width * tile.share) : 0
+            height: parent.height
+            radius: parent.radius
+            color: Theme.shareBar
+            opacity: 0.45
+        }
+        Icon {
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.spacing
+            anchors.verticalCenter: parent.verticalCenter
+            name: tile.iconName
+        }
+        Icon {
+            anchors.right: box.left
+            anchors.rightMargin: 2
+            anchors.verticalCenter: parent.verticalCenter
+            visible: tile.isPurgeable
+            name: "purgeable"
+            size: 16
+        }
+        TriStateBox {
+            id: box
+
+            objectName: "tick"
+            anchors.right: parent.right
+            anchors.rightMargin: 4
+            anchors.verticalCenter: parent.verticalCenter
+            focusPolicy: Qt.NoFocus
+            mark: tile.tick
+            text: tile.name
+            onClicked: tile.ticked()
+        }
+    }
+
     ColumnLayout {
-        anchors.fill: ground
+        anchors.left: ground.left
+        anchors.right: ground.right
+        anchors.top: picture.bottom
+        anchors.bottom: ground.bottom
         anchors.margins: 10
-        anchors.topMargin: 8
+        anchors.topMargin: 6
+        anchors.bottomMargin: Theme.spacing
         spacing: 2
 
-        RowLayout {
-            spacing: Theme.spacing
-
-            Icon {
-                name: tile.iconName
-                color: Theme.secondaryText
-            }
-            Icon {
-                visible: tile.isPurgeable
-                name: "purgeable"
-                color: Theme.secondaryText
-                size: 16
-            }
-            Item {
-                Layout.fillWidth: true
-            }
-            TriStateBox {
-                objectName: "tick"
-                Layout.rightMargin: -4
-                focusPolicy: Qt.NoFocus
-                mark: tile.tick
-                text: tile.name
-                onClicked: tile.ticked()
-            }
-        }
         ElidedLabel {
             Layout.fillWidth: true
             text: tile.name
             fullText: tile.pathText
             elide: Text.ElideMiddle
-        }
-        Item {
-            Layout.fillHeight: true
+            maximumLineCount: 1
         }
         RowLayout {
             spacing: Theme.spacing
@@ -132,6 +146,9 @@ Item {
             text: tile.itemsText
             color: Theme.secondaryText
             font.pixelSize: Theme.smallText
+        }
+        Item {
+            Layout.fillHeight: true
         }
     }
 }

@@ -35,7 +35,7 @@ Sheet {
 
             required property var modelData
 
-            Layout.preferredHeight: 30
+            Layout.preferredHeight: 20
 
             PlainLabel {
                 Layout.fillWidth: true
