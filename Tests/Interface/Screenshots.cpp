@@ -259,7 +259,7 @@ Harness::Setting settingOf(const Shot& shot, Harness::Scheme scheme,
         return std::make_shared<FaultyFiles>(
             std::move(files),
             [&shot, gate](FileOperation, const FileURL& url) -> std::optional<SystemError> {
-                if (url.lastPathComponent() == shot.heldAt) {
+                if (!shot.heldAt.empty() && url.lastPathComponent() == shot.heldAt) {
                     gate->pass();
                 }
                 return url.lastPathComponent() == shot.refused && !shot.refused.empty()

@@ -13,6 +13,7 @@ Item {
     required property string sizeText
     required property string shareText
     required property string itemsText
+    required property string modifiedText
     required property string pathText
     required property string accessibleText
     required property real share
@@ -77,9 +78,9 @@ Item {
         color: Theme.window
 
         Rectangle {
-            width: tile.share > 0 ? Math.max(2 * radius, parent.width * tile.share) : 0
+            width: tile.share > 0 ? Math.max(3, parent.width * tile.share) : 0
             height: parent.height
-            radius: parent.radius
+            radius: Math.min(Theme.radius, width / 2)
             color: Theme.shareBar
             opacity: 0.45
         }
@@ -143,7 +144,7 @@ Item {
         }
         PlainLabel {
             Layout.fillWidth: true
-            text: tile.itemsText
+            text: tile.itemsText === "" ? tile.modifiedText : tile.itemsText
             color: Theme.secondaryText
             font.pixelSize: Theme.smallText
         }
