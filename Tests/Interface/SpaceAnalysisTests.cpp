@@ -4,9 +4,11 @@
 
 #include <Support/FaultyFiles.h>
 #include <Support/OddNames.h>
+#include <Support/RunProgram.h>
 #include <Support/TreeState.h>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QFile>
 #include <QTest>
@@ -126,6 +128,53 @@ TEST(SpaceAnalysis, aRowInTheWayIsMarkedAndMovesNothingUntilItIsLeftOut) {
     ASSERT_TRUE(harness.eventually([&] { return bannerOf(harness) == "Moved 1 item to Trash"; }));
     EXPECT_FALSE(home.has("data/good.bin"));
     EXPECT_TRUE(home.has("data/dangling"));
+}
+
+TEST(SpaceAnalysis, undoLeavesWhatTookThePlaceOfAnItem) {
+    const TemporaryHome home;
+    home.write("data/good.bin", "mine");
+    home.write("data/other.bin", std::string(60'000, 'o'));
+    Harness harness(home);
+    harness.scan(home.url("data"));
+    harness.click(harness.itemNamed("good.bin"));
+    harness.press(Qt::Key_Delete);
+    harness.click("reviewRemove");
+    ASSERT_TRUE(harness.eventually([&] { return bannerOf(harness) == "Moved 1 item to Trash"; }));
+    home.write("data/good.bin", "another");
+    harness.click("bannerAction");
+    ASSERT_TRUE(harness.eventually([&] { return bannerOf(harness) == "Restored 0; 1 failed"; }));
+    EXPECT_EQ(home.read("data/good.bin"), "another");
+    EXPECT_EQ(home.read(".local/share/Trash/files/good.bin"), "mine");
+}
+
+TEST(SpaceAnalysis, anItemThatCannotBeMovedEndsTheRemovalAndLosesNothing) {
+    // The shortest path goes first.
+    const TemporaryHome home;
+    for (const char* const name : {"1", "22", "333", "4444", "55555", "stays"}) {
+        home.write(std::string("data/") + name, name);
+    }
+    if (::geteuid() != 0 || runProgram({"chattr", "+i", home.path("data/333")}).status != 0) {
+        GTEST_SKIP() << "needs root and chattr on this file system";
+    }
+    Harness harness(home);
+    harness.controller().setSpaceAnalysisView("list");
+    harness.scan(home.url("data"));
+    for (const char* const name : {"1", "22", "333", "4444", "55555"}) {
+        harness.click(harness.itemNamed(name), Qt::ControlModifier);
+    }
+    harness.press(Qt::Key_Delete);
+    harness.click("reviewRemove");
+    const QString failure = QString::fromStdString("Could not move " + home.path("data/333"));
+    EXPECT_TRUE(harness.eventually([&] { return bannerOf(harness).startsWith(failure); }));
+    EXPECT_EQ(runProgram({"chattr", "-i", home.path("data/333")}).status, 0);
+    for (const char* const name : {"1", "22"}) {
+        EXPECT_EQ(home.read(std::string(".local/share/Trash/files/") + name), name);
+        EXPECT_TRUE(home.has(std::string(".local/share/Trash/info/") + name + ".trashinfo"));
+    }
+    for (const char* const name : {"333", "4444", "55555", "stays"}) {
+        EXPECT_EQ(home.read(std::string("data/") + name), name);
+    }
+    EXPECT_TRUE(harness.eventually([&] { return harness.controller().folder()->count() == 4; }));
 }
 
 TEST(SpaceAnalysis, canBeWorkedByKeyboardAlone) {

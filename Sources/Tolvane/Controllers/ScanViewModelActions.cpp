@@ -167,7 +167,8 @@ void ScanViewModel::removalFailed(const RemovalError& error) {
     banner_ = shownText(error.description());
     log("trash failed: " + error.description());
     if (error.kind == RemovalError::Case::trashFailed) {
-        // Items before the one that failed are in the Trash.
+        // Items before the one that failed are in the Trash: what was reviewed is no longer so.
+        removal_.closeReview();
         scan(FileURL(*scannedURL_), rescanOrigin);
     }
 }
