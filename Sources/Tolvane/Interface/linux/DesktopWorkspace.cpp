@@ -69,7 +69,10 @@ void DesktopWorkspace::openSettingsPane(SettingsPane pane) {
 }
 
 void DesktopWorkspace::relaunch() {
-    if (QProcess::startDetached(QCoreApplication::applicationFilePath(), {})) {
+    // What runs from an AppImage goes with it: its mount ends with this instance.
+    const QString image = qEnvironmentVariable("APPIMAGE");
+    const QString program = image.isEmpty() ? QCoreApplication::applicationFilePath() : image;
+    if (QProcess::startDetached(program, {})) {
         QCoreApplication::quit();
     }
 }
