@@ -23,7 +23,7 @@ std::vector<Detail> detailsOf(const FileNode& node) {
     std::vector<Detail> details{
         {QStringLiteral("Kind"), kindText(node.kind())},
         {QStringLiteral("On disk"), sizeText(all.totalAllocatedSize)},
-        {all.notListedFileCount() > 0 ? QStringLiteral("Content of listed items")
+        {all.notListedFileCount() > 0 ? QStringLiteral("Listed content")
                                       : QStringLiteral("Content"),
          sizeText(all.totalLogicalSize)},
     };
