@@ -154,7 +154,7 @@ class ScanViewModelTests : public testing::Test {
 TEST_F(ScanViewModelTests, showsWhatFillsAFolder) {
     home.write("data/small", std::string(5'000, 's'));
     home.write("data/folder/large", std::string(500'000, 'l'));
-    home.write("data/bad \xff name");
+    home.write("data/bad \xff\n\u202ename");
     start();
     EXPECT_EQ(controller->stage(), Ui::Stage::Start);
     controller->scan(home.url("data"), "a test");
@@ -165,10 +165,10 @@ TEST_F(ScanViewModelTests, showsWhatFillsAFolder) {
     EXPECT_EQ(controller->stage(), Ui::Stage::Result);
     EXPECT_THAT(names(controller->path()), ElementsAre("data"));
     EXPECT_THAT(texts(*controller->folder(), "name"),
-                ElementsAre("folder", "small", "bad \uFFFD name"));
+                ElementsAre("folder", "small", "bad \uFFFD\u240a\uFFFDname"));
     controller->folder()->sortBy(Ui::SortKey::Name);
     EXPECT_THAT(texts(*controller->folder(), "name"),
-                ElementsAre("bad \uFFFD name", "folder", "small"));
+                ElementsAre("bad \uFFFD\u240a\uFFFDname", "folder", "small"));
     controller->folder()->setFilter("SMA");
     EXPECT_THAT(texts(*controller->folder(), "name"), ElementsAre("small"));
     EXPECT_EQ(controller->lastScanPath(), QString::fromStdString(home.path("data")));
@@ -400,7 +400,6 @@ TEST_F(ScanViewModelTests, movesNothingWhenOneItemMayNotBeMoved) {
     scan(home.url("data"));
     controller->select(child("file"), true);
     controller->select(child("link"), true);
-    // Both its children are ticked, so the scanned folder is; it may not be moved either.
     controller->prepareReview();
     waitUntil([&] { return controller->removal()->troubledCount() == 1; });
     controller->removeReviewed();
@@ -465,6 +464,23 @@ TEST_F(ScanViewModelTests, drawsWhatLiesInATickedFolderAsIncluded) {
     EXPECT_EQ(tick().value<Ui::Tick>(), Ui::Tick::All);
     controller->clearSelection();
     EXPECT_EQ(tick().value<Ui::Tick>(), Ui::Tick::None);
+}
+
+TEST_F(ScanViewModelTests, removesAllThatLiesInTheScannedFolderButNotTheFolder) {
+    start(memory(SyntheticItem::folder("data", {folderOf("a", 3), folderOf("b", 1)})));
+    scan(FileURL("/data"));
+    controller->selectAllChildren();
+    EXPECT_THAT(names(controller->topLevelSelected()), ElementsAre("data"));
+    EXPECT_EQ(controller->selectionText(), "2 items, 16 KB");
+    controller->select(child("b"), true);
+    const auto tick = [&](int row) {
+        return controller->folder()->index(row).data(FolderModel::Tick).value<Ui::Tick>();
+    };
+    EXPECT_EQ(tick(0), Ui::Tick::All);
+    EXPECT_EQ(tick(1), Ui::Tick::None);
+    EXPECT_EQ(controller->selectionText(), "1 item, 12 KB");
+    controller->prepareReview();
+    EXPECT_THAT(texts(*controller->removal()->rows(), "name"), ElementsAre("a"));
 }
 
 TEST_F(ScanViewModelTests, listsPurgeableFilesAndFailures) {

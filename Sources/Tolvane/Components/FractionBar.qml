@@ -34,12 +34,12 @@ Item {
         id: runner
 
         visible: !bar.isKnown
-        // Without motion the whole bar is lit faintly: busy, and no promise of an end.
-        width: Theme.reducesMotion ? bar.width : bar.width / 4
+        // Without motion it stands in the middle: busy, and no promise of an end.
+        x: Theme.reducesMotion ? (bar.width - width) / 2 : 0
+        width: bar.width / 4
         height: bar.height
         radius: height / 2
         color: Theme.accent
-        opacity: Theme.reducesMotion ? 0.45 : 1
 
         NumberAnimation on x {
             running: runner.visible && bar.visible && !Theme.reducesMotion
@@ -47,7 +47,6 @@ Item {
             to: bar.width
             duration: 1400
             loops: Animation.Infinite
-            onStopped: runner.x = 0
         }
     }
 }

@@ -204,7 +204,9 @@ void FolderModel::publishHidden() {
 }
 
 bool FolderModel::isWithinTicked() const {
-    return std::any_of(path_.begin(), path_.end(), [this](const FileNode& folder) {
+    // The scanned folder itself is never removed, so that being ticked it takes nothing with it.
+    const auto first = path_.empty() ? path_.begin() : path_.begin() + 1;
+    return std::any_of(first, path_.end(), [this](const FileNode& folder) {
         return selection_.isSelected(folder.id());
     });
 }

@@ -1,8 +1,8 @@
-#include <HostKit/Text.h>
 #include <Services/ByteFormat.h>
 #include <Services/CountFormat.h>
 
 #include <Controllers/Removal.h>
+#include <Controllers/ShownText.h>
 
 #include <algorithm>
 #include <utility>
@@ -10,21 +10,17 @@
 namespace tolvane {
 namespace {
 
-QString shown(const std::string& bytes) {
-    return QString::fromStdString(displayText(bytes));
-}
-
 std::vector<RecordModel<ReviewRow>::Role> roles() {
-    return {
-        {"name", [](const ReviewRow& row) { return shown(row.item.name); }},
-        {"pathText", [](const ReviewRow& row) { return shown(row.item.url.path()); }},
-        {"sizeText", [](const ReviewRow& row) { return shown(ByteFormat::text(row.item.size)); }},
-        {"isDirectory", [](const ReviewRow& row) { return row.item.isDirectory; }},
-        {"iconName",
-         [](const ReviewRow& row) {
-             return QString(row.item.isDirectory ? "folder" : "text-x-generic");
-         }},
-        {"trouble", [](const ReviewRow& row) { return row.trouble; }}};
+    return {{"name", [](const ReviewRow& row) { return shownText(row.item.name); }},
+            {"pathText", [](const ReviewRow& row) { return shownText(row.item.url.path()); }},
+            {"sizeText",
+             [](const ReviewRow& row) { return shownText(ByteFormat::text(row.item.size)); }},
+            {"isDirectory", [](const ReviewRow& row) { return row.item.isDirectory; }},
+            {"iconName",
+             [](const ReviewRow& row) {
+                 return QString(row.item.isDirectory ? "folder" : "text-x-generic");
+             }},
+            {"trouble", [](const ReviewRow& row) { return row.trouble; }}};
 }
 
 /// Ids may be paths, whose bytes must not become alike.
@@ -153,7 +149,7 @@ void Removal::showTroubles(const Troubles& troubles) {
     std::vector<ReviewRow> rows = rows_.records();
     for (ReviewRow& row : rows) {
         const auto found = troubles.find(row.item.id);
-        row.trouble = found == troubles.end() ? QString() : shown(found->second);
+        row.trouble = found == troubles.end() ? QString() : shownText(found->second);
     }
     show(std::move(rows));
 }
@@ -161,8 +157,8 @@ void Removal::showTroubles(const Troubles& troubles) {
 void Removal::show(std::vector<ReviewRow> rows) {
     troubledCount_ = static_cast<int>(std::count_if(rows.begin(), rows.end(), isTroubled));
     rows_.update(std::move(rows));
-    countText_ = shown(CountFormat::counted(rows_.rowCount(), "item"));
-    totalText_ = shown(ByteFormat::text(reviewedSize()));
+    countText_ = shownText(CountFormat::counted(rows_.rowCount(), "item"));
+    totalText_ = shownText(ByteFormat::text(reviewedSize()));
 }
 
 void Removal::remove(std::vector<Step> steps) {

@@ -54,9 +54,7 @@ QString failures(const std::vector<ScanFailure>& failures) {
 }
 
 QString purgeable(const NodeTotals& totals) {
-    return totals.totalPurgeableSize > 0
-               ? size(totals.totalPurgeableSize) + QStringLiteral(" purgeable")
-               : QString();
+    return size(totals.totalPurgeableSize) + QStringLiteral(" purgeable");
 }
 
 QString notCounted(const std::vector<FileURL>& notEntered) {

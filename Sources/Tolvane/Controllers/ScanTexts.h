@@ -22,7 +22,7 @@ QString selection(std::size_t count, Bytes bytes);
 QString elapsed(const DiskScan::Result& result);
 /// Empty when everything could be read.
 QString failures(const std::vector<ScanFailure>& failures);
-/// Empty when there is nothing of the kind.
+/// "1.2 GB purgeable"
 QString purgeable(const NodeTotals& totals);
 /// What lies below the scanned folder and is in no total.
 QString notCounted(const std::vector<FileURL>& notEntered);

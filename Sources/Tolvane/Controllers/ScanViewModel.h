@@ -64,7 +64,7 @@ class ScanViewModel : public QObject {
     PUBLISHED(ScanViewModel, QString, elapsedText)
     /// "12 items could not be read"; empty when all could.
     PUBLISHED(ScanViewModel, QString, failuresText)
-    /// "1.2 GB purgeable"; empty when there is nothing of the kind.
+    /// "1.2 GB purgeable"; empty without a result.
     PUBLISHED(ScanViewModel, QString, purgeableText)
     /// What lies below the scanned folder and is in no total.
     PUBLISHED(ScanViewModel, QString, notCountedText)
@@ -164,6 +164,9 @@ class ScanViewModel : public QObject {
     Q_INVOKABLE void selectAllChildren();
     Q_INVOKABLE void clearSelection();
     std::vector<FileNode> topLevelSelected() const;
+    /// What a removal would take: the topmost selected nodes. The scanned folder is selected once
+    /// all in it is, but can never be removed, so the selected ones of its children stand for it.
+    std::vector<FileNode> chosenNodes() const;
     const SelectionModel& selection() const { return selection_; }
 
     // Removal

@@ -1,5 +1,7 @@
 // What a person does with the items of a result: look at them, tick them, remove them.
 
+#include <HostKit/Text.h>
+
 #include <Controllers/PurgeableFiles.h>
 #include <Controllers/ScanTexts.h>
 #include <Controllers/ScanViewModel.h>
@@ -10,6 +12,17 @@
 #include <utility>
 
 namespace tolvane {
+namespace {
+
+Bytes sizeOf(const std::vector<FileNode>& nodes) {
+    Bytes size = 0;
+    for (const FileNode& node : nodes) {
+        add(size, node.totalAllocatedSize());
+    }
+    return size;
+}
+
+}
 
 // Items
 
@@ -70,7 +83,7 @@ void ScanViewModel::reveal(const QString& nodeID) {
 
 void ScanViewModel::copyPath(const QString& nodeID) {
     if (const FileNode* node = find(nodeID)) {
-        environment_.workspace.copyText(shownText(node->url().path()));
+        environment_.workspace.copyText(QString::fromStdString(displayText(node->url().path())));
     }
 }
 
@@ -123,10 +136,23 @@ std::vector<FileNode> ScanViewModel::topLevelSelected() const {
     return selection_.topLevel();
 }
 
+std::vector<FileNode> ScanViewModel::chosenNodes() const {
+    std::vector<FileNode> nodes = topLevelSelected();
+    if (nodes.size() == 1 && nodes.front().id() == tree_->root().id()) {
+        nodes = tree_->root().children();
+        std::erase_if(nodes,
+                      [this](const FileNode& node) { return !selection_.isSelected(node.id()); });
+    }
+    return nodes;
+}
+
 void ScanViewModel::selectionChanged() {
-    const std::size_t count = selection_.topLevelCount();
+    const bool isAll = tree_ && selection_.isSelected(tree_->root().id());
+    const std::vector<FileNode> chosen = isAll ? chosenNodes() : std::vector<FileNode>();
+    const std::size_t count = isAll ? chosen.size() : selection_.topLevelCount();
     selectedCount_ = static_cast<int>(count);
-    selectionText_ = ScanTexts::selection(count, selection_.selectedSize());
+    selectionText_ =
+        ScanTexts::selection(count, isAll ? sizeOf(chosen) : selection_.selectedSize());
     selectionVersion_ = selectionVersion_ + 1;
     folder_.refreshTicks();
 }
@@ -137,8 +163,9 @@ void ScanViewModel::prepareReview() {
     if (!scannedURL_ || selectedCount_ == 0) {
         return;
     }
+    banner_ = QString();
     std::vector<ReviewItem> items;
-    for (const FileNode& node : topLevelSelected()) {
+    for (const FileNode& node : chosenNodes()) {
         items.push_back(reviewItem(node));
     }
     removal_.review(std::move(items), {*scannedURL_}, false);

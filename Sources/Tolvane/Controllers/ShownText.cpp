@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QLocale>
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -27,6 +28,27 @@ QString about(std::int64_t count, const QString& unit) {
     return QStringLiteral("About %1 %2%3 left").arg(count).arg(unit, count == 1 ? "" : "s");
 }
 
+/// Unicode's Bidi_Control.
+bool isDirectionMark(QChar character) {
+    const char16_t code = character.unicode();
+    return code == u'\u061c' || code == u'\u200e' || code == u'\u200f' ||
+           (code >= u'\u202a' && code <= u'\u202e') || (code >= u'\u2066' && code <= u'\u2069');
+}
+
+QChar shownCharacter(QChar character) {
+    constexpr char16_t firstPicture = u'\u2400';
+    constexpr char16_t pictureOfDelete = u'\u2421';
+    const char16_t code = character.unicode();
+    if (code < u' ') {
+        return QChar(static_cast<char16_t>(firstPicture + code));
+    }
+    if (code == u'\x7f') {
+        return QChar(pictureOfDelete);
+    }
+    const bool isControl = character.category() == QChar::Other_Control;
+    return isControl || isDirectionMark(character) ? QChar(QChar::ReplacementCharacter) : character;
+}
+
 /// Not valid for a date that is absent or beyond all calendars.
 QDateTime localTime(std::optional<Date> date) {
     constexpr double milliseconds = 1000;
@@ -39,7 +61,9 @@ QDateTime localTime(std::optional<Date> date) {
 }
 
 QString shownText(std::string_view bytes) {
-    return QString::fromStdString(displayText(bytes));
+    QString text = QString::fromStdString(displayText(bytes));
+    std::transform(text.begin(), text.end(), text.begin(), shownCharacter);
+    return text;
 }
 
 QString shownPath(const FileURL& url) {

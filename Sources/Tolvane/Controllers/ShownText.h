@@ -10,7 +10,9 @@
 
 namespace tolvane {
 
-/// Bytes as text for people, U+FFFD in place of what is none.
+/// Bytes as text for people: U+FFFD in place of what is none, and of marks that turn the direction
+/// of text, with which a name could pass for another; control characters as their pictures, so that
+/// no name breaks a line.
 QString shownText(std::string_view bytes);
 /// A path for people; a longer text could not be laid out, so the middle of one is left out.
 QString shownPath(const FileURL& url);

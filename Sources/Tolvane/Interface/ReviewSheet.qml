@@ -16,7 +16,6 @@ Sheet {
     preferredWidth: 620
     note: qsTr("Total: %1").arg(removal.totalText)
     defaultButton: cancel
-    onAboutToShow: controller.dismissBanner()
     isShown: removal.showReview
     onDismissed: removal.closeReview()
 
