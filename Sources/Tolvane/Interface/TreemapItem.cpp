@@ -1,6 +1,6 @@
-#include <HostKit/Text.h>
 #include <Services/ByteFormat.h>
 
+#include <Controllers/ShownText.h>
 #include <Interface/TreemapItem.h>
 
 #include <QFontMetricsF>
@@ -26,7 +26,7 @@ QRectF placeOf(const TreemapCell& cell) {
 }
 
 QString labelOf(const TreemapCell& cell) {
-    return QString::fromStdString(displayText(cell.label)).simplified();
+    return shownText(cell.label);
 }
 
 QString sizeOf(const TreemapCell& cell) {
