@@ -154,7 +154,7 @@ class ScanViewModelTests : public testing::Test {
 TEST_F(ScanViewModelTests, showsWhatFillsAFolder) {
     home.write("data/small", std::string(5'000, 's'));
     home.write("data/folder/large", std::string(500'000, 'l'));
-    home.write("data/bad \xff\n\xe2\x80\xaename");
+    home.write("data/bad \xff\n\u200fname");
     start();
     EXPECT_EQ(controller->stage(), Ui::Stage::Start);
     controller->scan(home.url("data"), "a test");
