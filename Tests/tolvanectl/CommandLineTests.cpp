@@ -58,10 +58,12 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
 
 TEST_F(CommandLine, answersHelpAndVersionAtEveryLevel) {
     for (const std::string command : {"", "scan", "size", "access", "trash", "restore", "log"}) {
-        for (const std::string option : {" --help", " --version"}) {
-            const CommandResult result = runIn("exec \"$@\" " + command + option, {});
-            EXPECT_EQ(result.status, 0) << command << option;
-            EXPECT_THAT(result.output, HasSubstr("tolvanectl")) << command << option;
+        for (const char* const option : {" --help", " --version"}) {
+            std::string line = "exec \"$@\" " + command;
+            line += option;
+            const CommandResult result = runIn(line, {});
+            EXPECT_EQ(result.status, 0) << line;
+            EXPECT_THAT(result.output, HasSubstr("tolvanectl")) << line;
         }
     }
 }
