@@ -131,6 +131,7 @@ QHash<int, QByteArray> FolderModel::roleNames() const {
             {Share, "share"},
             {ShareText, "shareText"},
             {ItemsText, "itemsText"},
+            {ItemCountText, "itemCountText"},
             {ModifiedText, "modifiedText"},
             {PathText, "pathText"},
             {Tick, "tick"},
@@ -260,6 +261,8 @@ QVariant FolderModel::value(const Row& row, int role) const {
         return percentText(share(row.size));
     case ItemsText:
         return item.isDirectory() ? shownText(CountFormat::counted(row.items, "item")) : QString();
+    case ItemCountText:
+        return item.isDirectory() ? shownText(CountFormat::grouped(row.items)) : QString();
     case ModifiedText:
         return dayText(item.modified());
     case PathText:

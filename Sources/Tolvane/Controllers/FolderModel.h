@@ -43,6 +43,8 @@ class FolderModel final : public tolvane::ListModel {
         ShareText,
         /// "1,204 items"; empty for a file.
         ItemsText,
+        /// "1,204"; empty for a file.
+        ItemCountText,
         ModifiedText,
         PathText,
         /// A `Ui::Tick`.

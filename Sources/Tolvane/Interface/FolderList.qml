@@ -52,14 +52,14 @@ Item {
         DataColumn {
             title: qsTr("Size")
             role: "sizeText"
-            width: 84
+            width: 92
             isFigure: true
             sortKey: Ui.Size
         }
         DataColumn {
             title: qsTr("Items")
-            role: "itemsText"
-            width: 96
+            role: "itemCountText"
+            width: 88
             isFigure: true
             sortKey: Ui.Items
         }
