@@ -1,4 +1,5 @@
 #include <Support/FaultyFiles.h>
+#include <Support/Gate.h>
 #include <Support/SyntheticFiles.h>
 #include <Support/TreeState.h>
 
@@ -8,10 +9,7 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractItemModelTester>
-#include <condition_variable>
 #include <filesystem>
-#include <mutex>
-#include <thread>
 
 namespace tolvane {
 namespace {
@@ -64,34 +62,18 @@ FileURL makeOnDisk(const TemporaryHome& home, const std::string& path, const Syn
     return home.url(path);
 }
 
-/// Lets a worker into a folder only when a test says so.
-class Gate {
-  public:
-    std::shared_ptr<const FileManager> before(std::shared_ptr<const FileManager> files,
-                                              FileURL folder) {
-        return std::make_shared<FaultyFiles>(
-            std::move(files),
-            [this, folder](FileOperation, const FileURL& url) -> std::optional<SystemError> {
-                std::unique_lock lock(mutex_);
-                changed_.wait(lock, [&] { return isOpen_ || url != folder; });
-                return std::nullopt;
-            });
-    }
-    void open() {
-        const std::lock_guard lock(mutex_);
-        isOpen_ = true;
-        changed_.notify_all();
-    }
-    void close() {
-        const std::lock_guard lock(mutex_);
-        isOpen_ = false;
-    }
-
-  private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    bool isOpen_ = false;
-};
+/// Lets workers into `folder` only while the gate is open.
+std::shared_ptr<const FileManager> gated(Gate& gate, std::shared_ptr<const FileManager> files,
+                                         const FileURL& folder) {
+    return std::make_shared<FaultyFiles>(
+        std::move(files),
+        [&gate, folder](FileOperation, const FileURL& url) -> std::optional<SystemError> {
+            if (url == folder) {
+                gate.pass();
+            }
+            return std::nullopt;
+        });
+}
 
 class ScanViewModelTests : public testing::Test {
   protected:
@@ -206,7 +188,7 @@ TEST_F(ScanViewModelTests, dropsTheResultOfAScanThatAnotherOneSuperseded) {
     home.write("first/file");
     home.write("second/file");
     Gate gate;
-    start(gate.before(environment.files, home.url("first")));
+    start(gated(gate, environment.files, home.url("first")));
     controller->scan(home.url("first"), "test");
     controller->scan(home.url("second"), "test");
     settle();
@@ -222,7 +204,7 @@ TEST_F(ScanViewModelTests, showsTheTreeOfACancelledScanAndLoadsNothing) {
     root.children.push_back(folderOf("held", 10));
     Gate gate;
     const FileURL data = onDisk(root);
-    start(gate.before(home.files, data.appending("held")));
+    start(gated(gate, home.files, data.appending("held")));
     controller->scan(data, "test");
     controller->cancel();
     EXPECT_FALSE(controller->isScanning());
@@ -300,7 +282,7 @@ TEST_F(ScanViewModelTests, carriesTicksIntoTheDetailedFolder) {
     root.children.push_back(folderOf("other", 1));
     Gate gate;
     const FileURL data = onDisk(root);
-    start(gate.before(home.files, data.appending("inner")));
+    start(gated(gate, home.files, data.appending("inner")));
     gate.open();
     scan(data);
     gate.close();
@@ -331,7 +313,7 @@ TEST_F(ScanViewModelTests, neverAppliesACancelledFolderLoad) {
     root.children.push_back(folderOf("inner", 50));
     Gate gate;
     const FileURL data = onDisk(root);
-    start(gate.before(home.files, data.appending("inner")));
+    start(gated(gate, home.files, data.appending("inner")));
     gate.open();
     scan(data);
     gate.close();
@@ -359,7 +341,7 @@ TEST_F(ScanViewModelTests, estimatesFromTheScanBefore) {
     const FileURL data =
         onDisk(SyntheticItem::folder("data", {folderOf("a", 500), folderOf("b", 500)}));
     Gate gate;
-    start(gate.before(home.files, data.appending(lastListed(data))));
+    start(gated(gate, home.files, data.appending(lastListed(data))));
     controller->scan(data, "test");
     waitUntil([&] { return controller->activeProgress().has_value(); });
     EXPECT_EQ(controller->activeFraction(), std::nullopt);

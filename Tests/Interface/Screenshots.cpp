@@ -1,10 +1,10 @@
 // Draws every state of every screen, light and dark, into the folder named on the command line.
 
-#include "Gate.h"
 #include "Harness.h"
 #include "SampleHome.h"
 
 #include <Support/FaultyFiles.h>
+#include <Support/Gate.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "Gate.h"
 #include "Harness.h"
 #include "SampleHome.h"
 
 #include <Support/FaultyFiles.h>
+#include <Support/Gate.h>
 #include <Support/OddNames.h>
 #include <Support/RunProgram.h>
 #include <Support/TreeState.h>

@@ -22,6 +22,11 @@ class Gate {
         changed_.notify_all();
     }
 
+    void close() {
+        const std::lock_guard lock(mutex_);
+        isOpen_ = false;
+    }
+
     bool isReached() {
         const std::lock_guard lock(mutex_);
         return isReached_;
