@@ -265,7 +265,8 @@ class RandomRemovals : public testing::Test {
                 expected[place + below] = description;
             }
         }
-        const TreeState inTrash = fs::exists(trash) ? treeState(trash + "/files") : TreeState{};
+        const TreeState inTrash =
+            fs::exists(trash + "/files") ? treeState(trash + "/files") : TreeState{};
         ASSERT_THAT(difference(inTrash, expected), IsEmpty());
         std::map<std::string, std::string> recorded;
         for (const RemovalReceipt& receipt : home.receiptsFromTrash()) {
