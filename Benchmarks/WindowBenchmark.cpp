@@ -175,13 +175,15 @@ SyntheticItem largestTree() {
     constexpr int folders = 249;
     constexpr int inner = 1000;
     constexpr int files = 2;
+    constexpr Bytes smallFile = 4096;
     constexpr Bytes keyFile = 2'000'000;
     SyntheticItem root = SyntheticItem::folder("data");
     for (int i = 0; i < folders; ++i) {
         SyntheticItem folder = SyntheticItem::folder("folder " + std::to_string(i));
         folder.children.reserve(inner);
         for (int j = 0; j < inner; ++j) {
-            folder.children.push_back(folderOf("inner " + std::to_string(j), files, keyFile));
+            folder.children.push_back(folderOf("inner " + std::to_string(j), files,
+                                               i < folders / 2 ? smallFile : keyFile));
         }
         root.children.push_back(std::move(folder));
     }
