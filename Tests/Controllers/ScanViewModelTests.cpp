@@ -107,6 +107,18 @@ class ScanViewModelTests : public testing::Test {
                    !controller->removal()->isRemoving();
         });
     }
+    /// Shows a folder too large to be loaded in detail by itself; from then on its folder "inner",
+    /// some of whose files have no row, is loaded only when the gate opens.
+    void scanAndHoldInner(Gate& gate) {
+        SyntheticItem root = folderOf("data", 60'001);
+        root.children.push_back(folderOf("inner", 50));
+        root.children.push_back(folderOf("other", 1));
+        const FileURL data = onDisk(root);
+        start(gated(gate, home.files, data.appending("inner")));
+        gate.open();
+        scan(data);
+        gate.close();
+    }
     /// Waits until no worker holds the file manager any more, and for what they told.
     void finishWorkers() {
         waitUntil([this] { return environment.files.use_count() <= idleUses; });
@@ -277,15 +289,8 @@ TEST_F(ScanViewModelTests, loadsASmallScanInDetailByItself) {
 }
 
 TEST_F(ScanViewModelTests, carriesTicksIntoTheDetailedFolder) {
-    SyntheticItem root = folderOf("data", 60'001);
-    root.children.push_back(folderOf("inner", 50));
-    root.children.push_back(folderOf("other", 1));
     Gate gate;
-    const FileURL data = onDisk(root);
-    start(gated(gate, home.files, data.appending("inner")));
-    gate.open();
-    scan(data);
-    gate.close();
+    scanAndHoldInner(gate);
     time += 1;
     controller->select(child("other"), false);
     controller->loadFolder(child("inner"));
@@ -309,14 +314,8 @@ TEST_F(ScanViewModelTests, carriesTicksIntoTheDetailedFolder) {
 }
 
 TEST_F(ScanViewModelTests, neverAppliesACancelledFolderLoad) {
-    SyntheticItem root = folderOf("data", 60'001);
-    root.children.push_back(folderOf("inner", 50));
     Gate gate;
-    const FileURL data = onDisk(root);
-    start(gated(gate, home.files, data.appending("inner")));
-    gate.open();
-    scan(data);
-    gate.close();
+    scanAndHoldInner(gate);
     controller->loadContents(child("inner"));
     EXPECT_TRUE(controller->isLoadingFolder());
     EXPECT_EQ(controller->activeTitle(), "Loading inner");
