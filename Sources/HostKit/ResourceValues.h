@@ -33,6 +33,8 @@ struct ResourceValues {
     std::optional<bool> isDirectory;
     std::optional<bool> isRegularFile;
     std::optional<Date> contentModificationDate;
+    /// When content or attributes were last changed; unlike the other date, nobody can set it.
+    std::optional<Date> attributeModificationDate;
     std::optional<FileIdentity> identity;
     /// How many names the item has (hard links).
     std::optional<std::int64_t> linkCount;

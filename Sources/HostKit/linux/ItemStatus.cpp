@@ -18,6 +18,10 @@ Result<struct statx, SystemError> statusOfPath(std::string_view path, int follow
     return statusAt(place->parent.number(), place->name.c_str(), followFlag);
 }
 
+Date date(const struct statx_timestamp& time) {
+    return static_cast<Date>(time.tv_sec) + static_cast<Date>(time.tv_nsec) * nanosecond;
+}
+
 }
 
 Result<struct statx, SystemError> statusAt(int directory, const char* name, int additionalFlags) {
@@ -67,8 +71,8 @@ ResourceValues resourceValues(const struct statx& status, bool isPurgeable) {
     values.isSymbolicLink = type == FileType::symbolicLink;
     values.isDirectory = type == FileType::directory;
     values.isRegularFile = type == FileType::regular;
-    values.contentModificationDate = static_cast<Date>(status.stx_mtime.tv_sec) +
-                                     static_cast<Date>(status.stx_mtime.tv_nsec) * nanosecond;
+    values.contentModificationDate = date(status.stx_mtime);
+    values.attributeModificationDate = date(status.stx_ctime);
     values.identity = identity(status);
     values.linkCount = status.stx_nlink;
     return values;
