@@ -484,8 +484,10 @@ TEST_F(ScanViewModelTests, removesAllThatLiesInTheScannedFolderButNotTheFolder) 
     EXPECT_EQ(tick(0), Ui::Tick::All);
     EXPECT_EQ(tick(1), Ui::Tick::None);
     EXPECT_EQ(controller->selectionText(), "1 item, 12 KB");
-    controller->prepareReview();
+    controller->reviewChosen();
     EXPECT_THAT(texts(*controller->removal()->rows(), "name"), ElementsAre("a"));
+    controller->prepareReview();
+    EXPECT_THAT(texts(*controller->removal()->rows(), "name"), ElementsAre("data"));
 }
 
 TEST_F(ScanViewModelTests, listsPurgeableFilesAndFailures) {

@@ -16,11 +16,6 @@ std::int64_t number(const QVariantMap& map, const QString& key) {
     return value.typeId() == QMetaType::LongLong ? value.toLongLong() : 0;
 }
 
-QString firstKeyBut(const QString& kept, const QVariantMap& map) {
-    const auto first = map.keyBegin();
-    return *first == kept ? *std::next(first) : *first;
-}
-
 }
 
 std::optional<ScanStatistics::Expected> ScanStatistics::expected(const FileURL& root) const {
@@ -42,8 +37,8 @@ void ScanStatistics::save(const FileURL& root, const Expected& found) {
     QVariantMap bytes = defaults_.map(bytesKey);
     files.insert(key, QVariant::fromValue<qlonglong>(found.files));
     bytes.insert(key, QVariant::fromValue<qlonglong>(found.bytes));
-    while (files.size() > maximumRoots) {
-        const QString forgotten = firstKeyBut(key, files);
+    if (files.size() > maximumRoots) {
+        const QString forgotten = files.firstKey();
         files.remove(forgotten);
         bytes.remove(forgotten);
     }

@@ -164,14 +164,18 @@ class ScanViewModel : public QObject {
     Q_INVOKABLE void selectAllChildren();
     Q_INVOKABLE void clearSelection();
     std::vector<FileNode> topLevelSelected() const;
-    /// What a removal would take: the topmost selected nodes. The scanned folder is selected once
-    /// all in it is, but can never be removed, so the selected ones of its children stand for it.
+    /// The topmost selected nodes. The scanned folder is selected once all in it is, but can never
+    /// be removed, so the selected ones of its children stand for it.
     std::vector<FileNode> chosenNodes() const;
     const SelectionModel& selection() const { return selection_; }
 
     // Removal
 
+    /// Opens the sheet on `topLevelSelected()`.
     Q_INVOKABLE void prepareReview();
+    /// Opens the sheet on `chosenNodes()` when anything is ticked: what a person means who ticks
+    /// all in the scanned folder.
+    Q_INVOKABLE void reviewChosen();
     Q_INVOKABLE void removeReviewed();
     Q_INVOKABLE void undoRemoval();
     Q_INVOKABLE void dismissBanner();
@@ -233,6 +237,7 @@ class ScanViewModel : public QObject {
     void inspectNode(std::optional<FileNode> node);
     void selectionChanged();
 
+    void review(const std::vector<FileNode>& nodes);
     void removed(const std::vector<RemovalReceipt>& receipts);
     void removalFailed(const RemovalError& error);
     void restored(std::size_t restored, const std::vector<RemovalError>& failed);

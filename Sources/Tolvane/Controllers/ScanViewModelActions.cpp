@@ -149,10 +149,10 @@ std::vector<FileNode> ScanViewModel::chosenNodes() const {
 void ScanViewModel::selectionChanged() {
     const bool isAll = tree_ && selection_.isSelected(tree_->root().id());
     const std::vector<FileNode> chosen = isAll ? chosenNodes() : std::vector<FileNode>();
-    const std::size_t count = isAll ? chosen.size() : selection_.topLevelCount();
-    selectedCount_ = static_cast<int>(count);
+    selectedCount_ = static_cast<int>(selection_.topLevelCount());
     selectionText_ =
-        ScanTexts::selection(count, isAll ? sizeOf(chosen) : selection_.selectedSize());
+        isAll ? ScanTexts::selection(chosen.size(), sizeOf(chosen))
+              : ScanTexts::selection(selection_.topLevelCount(), selection_.selectedSize());
     selectionVersion_ = selectionVersion_ + 1;
     folder_.refreshTicks();
 }
@@ -160,12 +160,23 @@ void ScanViewModel::selectionChanged() {
 // Removal
 
 void ScanViewModel::prepareReview() {
-    if (!scannedURL_ || selectedCount_ == 0) {
+    review(topLevelSelected());
+}
+
+void ScanViewModel::reviewChosen() {
+    if (selectedCount_ > 0) {
+        review(chosenNodes());
+    }
+}
+
+void ScanViewModel::review(const std::vector<FileNode>& nodes) {
+    if (!scannedURL_) {
         return;
     }
     banner_ = QString();
     std::vector<ReviewItem> items;
-    for (const FileNode& node : chosenNodes()) {
+    items.reserve(nodes.size());
+    for (const FileNode& node : nodes) {
         items.push_back(reviewItem(node));
     }
     removal_.review(std::move(items), {*scannedURL_}, false);

@@ -72,7 +72,7 @@ Item {
             enabled: footer.controller.lockedText === "" && !footer.controller.removal.isRemoving
             iconName: "user-trash"
             text: qsTr("Review...")
-            onClicked: footer.controller.prepareReview()
+            onClicked: footer.controller.reviewChosen()
         }
     }
 }

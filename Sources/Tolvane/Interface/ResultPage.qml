@@ -21,7 +21,7 @@ Item {
 
     Keys.onPressed: event => {
         if (event.key === Qt.Key_Delete) {
-            controller.prepareReview();
+            controller.reviewChosen();
         } else if (event.key === Qt.Key_Backspace) {
             controller.goBack();
         } else if (event.matches(StandardKey.SelectAll)) {
