@@ -278,6 +278,15 @@ TEST(TolvaneApp, startsWithDefaultsWhenItsSettingsAreBroken) {
     }
 }
 
+TEST(Program, saysSoAndEndsWhenTheDisplayDoesNotAnswer) {
+    const TemporaryHome home;
+    const ProgramRun run = runProgram(
+        {TOLVANE_PROGRAM, home.url().path()},
+        {{"HOME", home.url().path()}, {"QT_QPA_PLATFORM", "xcb"}, {"DISPLAY", "nowhere:1"}});
+    EXPECT_EQ(run.status, 69) << "which tells ./run to go on in the terminal";
+    EXPECT_FALSE(home.has(".local/state/Logs/DiagnosticReports")) << "it is no crash";
+}
+
 TEST(MainWindow, comesBackWhereItWasUnlessNobodyCouldSeeItThere) {
     const QRect screen(0, 0, 1920, 1080);
     const QSize smallest(860, 560);

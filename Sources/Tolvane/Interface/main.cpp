@@ -7,7 +7,9 @@
 #include <Interface/MainWindow.h>
 
 #include <QGuiApplication>
+#include <QtGlobal>
 #include <QtQml/QQmlEngineExtensionPlugin>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -24,10 +26,21 @@ namespace {
 constexpr int success = 0;
 constexpr int failure = 1;
 constexpr int wrongCommandLine = 2;
+/// EX_UNAVAILABLE of sysexits.h; `./run` goes on in the terminal then.
+constexpr int noDisplay = 69;
 
 int complain(const std::string& problem, int status) {
     std::cerr << "tolvane: " << displayText(problem) << '\n';
     return status;
+}
+
+/// Qt knows no other answer to a display that does not answer than to abort.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/,
+                       const QString& message) {
+    std::cerr << "tolvane: " << message.toStdString() << '\n';
+    if (type == QtFatalMsg) {
+        std::_Exit(noDisplay);
+    }
 }
 
 /// Absolute and standardised, links not resolved; absent when the working directory is gone.
@@ -55,7 +68,9 @@ int showWindow(char** arguments, const std::optional<std::string>& named) {
 
     // What the command line asked for is not Qt's to read.
     int count = 1;
+    const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
     const QGuiApplication application(count, arguments);
+    qInstallMessageHandler(usual);
     MainWindow::prepareApplication();
     FolderChooser chooser;
     DesktopWorkspace workspace(layout.locations, chooser);
