@@ -32,5 +32,36 @@ TEST(ByteFormat, roundsAtEveryBoundaryAsStated) {
                 ElementsAre("0 KB", "-0.5 KB", "-1 MB", "-9223372.04 TB"));
 }
 
+TEST(ByteFormat, readsWhatPeopleTypeAndRefusesTheRest) {
+    const std::vector<std::pair<std::string, Bytes>> sizes{
+        {"0", 0},
+        {" 1 MB ", 1'000'000},
+        {"500 KB", 500'000},
+        {"1.5gb", 1.5e9},
+        {"1MiB", 1'048'576},
+        {"1,048,576", 1'048'576},
+        {"12 bytes", 12},
+        {".25 k", 250},
+        {"0.1 TB", 100'000'000'000},
+        {"2.000001 K", 2000},
+        {"9223372036854775807", std::numeric_limits<Bytes>::max()}};
+    for (const auto& [text, size] : sizes) {
+        EXPECT_EQ(ByteFormat::parse(text).value_or(-1), size) << text;
+    }
+    for (const std::string text :
+         {"", " ", ".", "MB", "-1", "1 MB 2", "1,5 MB", "1,0000", "0x10", "1e6", "1..2", "\xff",
+          "one", "9223372036854775808", "9223372036854775807.6", "99999999999 TB"}) {
+        EXPECT_FALSE(ByteFormat::parse(text)) << text;
+    }
+    for (const auto& [size, text] :
+         std::vector<std::pair<Bytes, std::string>>{{0, "0 KB"},
+                                                    {1'500'000, "1.5 MB"},
+                                                    {1'048'576, "1 MiB"},
+                                                    {1'048'577, "1,048,577 bytes"}}) {
+        EXPECT_EQ(ByteFormat::exactText(size), text);
+        EXPECT_EQ(ByteFormat::parse(text), size);
+    }
+}
+
 }
 }
