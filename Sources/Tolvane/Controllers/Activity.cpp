@@ -1,21 +1,10 @@
-#include <Services/ByteFormat.h>
-#include <Services/CountFormat.h>
-
 #include <Controllers/Activity.h>
 #include <Controllers/ShownText.h>
-
-#include <cmath>
 
 namespace tolvane {
 namespace {
 
 constexpr int refreshInterval = 250;
-
-QString counts(const ScanProgress& progress) {
-    return shownText(CountFormat::counted(progress.filesScanned, "file") + ", " +
-                     CountFormat::counted(progress.directoriesScanned, "folder") + ", " +
-                     ByteFormat::text(progress.scannedBytes));
-}
 
 }
 
@@ -39,8 +28,8 @@ void Activity::setRunning(bool isRunning) {
 void Activity::refresh() {
     const State state = state_();
     title_ = state.title;
-    pathText_ = state.progress ? shownText(state.progress->currentPath) : QString();
-    countsText_ = state.progress ? counts(*state.progress) : QString();
+    pathText_ = state.pathText;
+    countsText_ = state.countsText;
     elapsedText_ = clockText(state.elapsed);
     remainingText_ = state.remaining ? remainingTimeText(*state.remaining) : QString();
     fraction_ = state.fraction.value_or(-1);

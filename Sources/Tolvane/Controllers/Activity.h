@@ -1,7 +1,6 @@
 #pragma once
 
 #include <HostKit/Date.h>
-#include <ScanKit/ScanProgress.h>
 
 #include <Controllers/Published.h>
 
@@ -32,10 +31,11 @@ class Activity : public QObject {
     /// What an activity is asked for whenever it shows itself anew.
     struct State {
         QString title;
-        std::optional<ScanProgress> progress;
+        QString pathText = {};
+        QString countsText = {};
         Seconds elapsed = 0;
-        std::optional<double> fraction;
-        std::optional<Seconds> remaining;
+        std::optional<double> fraction = {};
+        std::optional<Seconds> remaining = {};
     };
 
     explicit Activity(std::function<State()> state);

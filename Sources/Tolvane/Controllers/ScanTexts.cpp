@@ -37,6 +37,12 @@ QString contents(const NodeTotals& totals) {
              shownText(CountFormat::counted(totals.directoryCount - 1, "folder")));
 }
 
+QString progress(const ScanProgress& progress) {
+    return shownText(CountFormat::counted(progress.filesScanned, "file") + ", " +
+                     CountFormat::counted(progress.directoriesScanned, "folder") + ", " +
+                     ByteFormat::text(progress.scannedBytes));
+}
+
 QString selection(std::size_t count, Bytes bytes) {
     return count == 0 ? QString() : counted(count, "item") + QStringLiteral(", ") + size(bytes);
 }

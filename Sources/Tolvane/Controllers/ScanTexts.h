@@ -2,6 +2,7 @@
 
 #include <ScanKit/FileNode.h>
 #include <ScanKit/ScanFailure.h>
+#include <ScanKit/ScanProgress.h>
 
 #include <Controllers/DiskScan.h>
 
@@ -16,6 +17,8 @@ QString name(const FileURL& url);
 QString size(Bytes size);
 /// "1.2 GB in 12 files, 3 folders"; the folder itself is none of them.
 QString contents(const NodeTotals& totals);
+/// "12,345 files, 1,234 folders, 5.6 GB"
+QString progress(const ScanProgress& progress);
 /// "3 items, 1.2 GB"; empty for none.
 QString selection(std::size_t count, Bytes bytes);
 /// "Scanned in 2.1 s"

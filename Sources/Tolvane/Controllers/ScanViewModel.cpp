@@ -428,8 +428,10 @@ QString ScanViewModel::activeTitle() const {
 
 Activity::State ScanViewModel::activityState() const {
     const bool isStopping = !isLoadingFolder_ && !isScanning_;
+    const std::optional<ScanProgress> progress = activeProgress();
     return {.title = isStopping ? QStringLiteral("Stopping") : activeTitle(),
-            .progress = activeProgress(),
+            .pathText = progress ? shownText(progress->currentPath) : QString(),
+            .countsText = progress ? ScanTexts::progress(*progress) : QString(),
             .elapsed = activeElapsed(),
             .fraction = activeFraction(),
             .remaining = activeETA()};
