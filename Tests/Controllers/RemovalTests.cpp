@@ -146,6 +146,33 @@ TEST_F(RemovalTest, marksWhatIsInTheWayAndDropsNothing) {
     EXPECT_FALSE(removal->showReview());
 }
 
+TEST_F(RemovalTest, warnsOfRowsAndForbidsNothing) {
+    const auto item = [](const FileURL& url) { return ReviewItem{url.path(), "n", url, 1, false}; };
+    const FileURL gone = home.url("chosen/gone");
+    const auto examiner = [](const std::vector<ReviewItem>& items, const auto&) {
+        Removal::Warnings warnings{{}, std::to_string(items.size()) + " in all"};
+        warnings.rows[items.front().id] = "think\ntwice";
+        return warnings;
+    };
+    removal->review({item(home.write("chosen/a")), item(home.write("chosen/b")), item(gone)},
+                    {chosen}, false, examiner);
+    EXPECT_TRUE(removal->isChecking());
+    waitUntil([this] { return !removal->isChecking(); });
+    EXPECT_EQ(text(0, "warning"), "think\u240atwice");
+    EXPECT_EQ(text(2, "trouble"), "Item no longer exists: " + gone.path());
+    EXPECT_EQ(removal->warningText(), "3 in all");
+
+    removal->leaveOut(0);
+    waitUntil([this] { return !removal->isChecking(); });
+    EXPECT_EQ(text(0, "warning"), "think\u240atwice") << "another row is the first one now";
+    EXPECT_EQ(removal->warningText(), "2 in all");
+    removal->leaveOutTroubled();
+    EXPECT_EQ(removal->warnedCount(), 1);
+    remove();
+    EXPECT_THAT(calls, ElementsAre("moved 1"));
+    EXPECT_EQ(removal->warningText(), "");
+}
+
 TEST_F(RemovalTest, showsAfterAFailureMidwayWhatBecameOfEachRow) {
     // Shorter paths go first, and what holds the Trash does not go into it.
     chosen = home.url();

@@ -20,7 +20,8 @@ std::vector<RecordModel<ReviewRow>::Role> roles() {
              [](const ReviewRow& row) {
                  return QString(row.item.isDirectory ? "folder" : "text-x-generic");
              }},
-            {"trouble", [](const ReviewRow& row) { return row.trouble; }}};
+            {"trouble", [](const ReviewRow& row) { return row.trouble; }},
+            {"warning", [](const ReviewRow& row) { return row.warning; }}};
 }
 
 /// Ids may be paths, whose bytes must not become alike.
@@ -30,6 +31,15 @@ QString key(const ReviewRow& row) {
 
 bool isTroubled(const ReviewRow& row) {
     return !row.trouble.isEmpty();
+}
+
+bool isWarned(const ReviewRow& row) {
+    return !row.warning.isEmpty();
+}
+
+QString found(const std::map<std::string, std::string>& texts, const ReviewRow& row) {
+    const auto text = texts.find(row.item.id);
+    return text == texts.end() ? QString() : shownText(text->second);
 }
 
 Cleaner cleanerOf(const Environment& environment) {
@@ -66,9 +76,10 @@ Removal::Removal(const Environment& environment, Handlers handlers)
     : cleaner_(cleanerOf(environment))
     , handlers_(std::move(handlers))
     , rows_(roles(), key)
-    , checking_(environment.workers, 0, {}, [this](const Troubles& found) { showTroubles(found); },
-                // Nothing is known then of what is in the way; the removal itself will tell.
-                {})
+    , checking_(
+          environment.workers, 0, {}, [this](const Findings& findings) { showFindings(findings); },
+          // Nothing is known then of what is in the way; the removal itself will tell.
+          [this](const std::string&) { isChecking_ = false; })
     , removing_(
           environment.workers, 0, {},
           [this](Removed outcome) { finishRemoval(std::move(outcome)); },
@@ -91,22 +102,25 @@ Removal::Removal(const Environment& environment, Handlers handlers)
               finishUndo(0, failed);
           }) {}
 
-void Removal::review(std::vector<ReviewItem> items, std::vector<FileURL> roots,
-                     bool allowProtected) {
+void Removal::review(std::vector<ReviewItem> items, std::vector<FileURL> roots, bool allowProtected,
+                     Examiner examiner) {
     if (isRemoving_) {
         return;
     }
     roots_ = std::move(roots);
     allowProtected_ = allowProtected;
+    examiner_ = std::move(examiner);
+    failure_.reset();
     std::vector<ReviewRow> rows;
     rows.reserve(items.size());
     for (ReviewItem& item : items) {
         rows.push_back({std::move(item), {}});
     }
-    rows_.reset({});
-    show(std::move(rows));
+    rows_.reset(std::move(rows));
+    warningText_ = QString();
+    publishCounts();
     showReview_ = true;
-    check(std::nullopt);
+    check();
 }
 
 std::vector<ReviewItem> Removal::reviewItems() const {
@@ -126,37 +140,58 @@ Bytes Removal::reviewedSize() const {
     return size;
 }
 
-void Removal::check(const std::optional<RemovalError>& failure) {
+void Removal::check() {
+    isChecking_ = true;
     checking_.start([cleaner = cleaner_, items = reviewItems(), roots = roots_,
-                     allowProtected = allowProtected_,
-                     failure](const auto&, const std::function<bool()>& isCancelled) {
-        Troubles troubles;
-        for (const ReviewItem& item : items) {
-            if (isCancelled()) {
-                break;
-            }
-            if (const auto valid = cleaner.validate({item.url}, roots, allowProtected); !valid) {
-                troubles[item.id] = valid.error().description();
-            } else if (failure && valid->front().path() == failure->path) {
-                troubles[item.id] = failure->description();
-            }
+                     allowProtected = allowProtected_, examiner = examiner_,
+                     failure = failure_](const auto&, const std::function<bool()>& isCancelled) {
+        Findings findings;
+        findings.troubles = troubles(cleaner, items, roots, allowProtected, failure, isCancelled);
+        if (examiner) {
+            findings.warnings = examiner(items, isCancelled);
         }
-        return troubles;
+        return findings;
     });
 }
 
-void Removal::showTroubles(const Troubles& troubles) {
+Removal::Troubles Removal::troubles(const Cleaner& cleaner, const std::vector<ReviewItem>& items,
+                                    const std::vector<FileURL>& roots, bool allowProtected,
+                                    const std::optional<RemovalError>& failure,
+                                    const std::function<bool()>& isCancelled) {
+    Troubles troubles;
+    for (const ReviewItem& item : items) {
+        if (isCancelled()) {
+            break;
+        }
+        if (const auto valid = cleaner.validate({item.url}, roots, allowProtected); !valid) {
+            troubles[item.id] = valid.error().description();
+        } else if (failure && valid->front().path() == failure->path) {
+            troubles[item.id] = failure->description();
+        }
+    }
+    return troubles;
+}
+
+void Removal::showFindings(const Findings& findings) {
     std::vector<ReviewRow> rows = rows_.records();
     for (ReviewRow& row : rows) {
-        const auto found = troubles.find(row.item.id);
-        row.trouble = found == troubles.end() ? QString() : shownText(found->second);
+        row.trouble = found(findings.troubles, row);
+        row.warning = found(findings.warnings.rows, row);
     }
+    warningText_ = shownText(findings.warnings.all);
+    isChecking_ = false;
     show(std::move(rows));
 }
 
 void Removal::show(std::vector<ReviewRow> rows) {
-    troubledCount_ = static_cast<int>(std::count_if(rows.begin(), rows.end(), isTroubled));
     rows_.update(std::move(rows));
+    publishCounts();
+}
+
+void Removal::publishCounts() {
+    const std::vector<ReviewRow>& rows = rows_.records();
+    troubledCount_ = static_cast<int>(std::count_if(rows.begin(), rows.end(), isTroubled));
+    warnedCount_ = static_cast<int>(std::count_if(rows.begin(), rows.end(), isWarned));
     countText_ = shownText(CountFormat::counted(rows_.rowCount(), "item"));
     totalText_ = shownText(ByteFormat::text(reviewedSize()));
 }
@@ -168,6 +203,7 @@ void Removal::remove(std::vector<Step> steps) {
     }
     firstItem_ = *first;
     checking_.discard();
+    isChecking_ = false;
     isRemoving_ = true;
     removing_.start([cleaner = cleaner_, steps = std::move(steps)](const auto&, const auto&) {
         return moveAll(cleaner, steps);
@@ -178,7 +214,8 @@ void Removal::finishRemoval(Removed outcome) {
     const Handlers handlers = handlers_;
     isRemoving_ = false;
     if (!outcome) {
-        check(outcome.error());
+        failure_ = outcome.error();
+        check();
         handlers.onFailed(outcome.error());
         return;
     }
@@ -216,28 +253,36 @@ void Removal::closeReview() {
 
 void Removal::endReview() {
     checking_.discard();
+    isChecking_ = false;
     showReview_ = false;
+    warningText_ = QString();
+    examiner_ = {};
     show({});
 }
 
 void Removal::leaveOut(int row) {
     std::vector<ReviewRow> rows = rows_.records();
-    if (isRemoving_ || row < 0 || row >= static_cast<int>(rows.size())) {
-        return;
+    if (!isRemoving_ && row >= 0 && row < static_cast<int>(rows.size())) {
+        rows.erase(rows.begin() + row);
+        leave(std::move(rows));
     }
-    rows.erase(rows.begin() + row);
-    show(std::move(rows));
-    showReview_ = showReview_ && rows_.rowCount() > 0;
 }
 
 void Removal::leaveOutTroubled() {
-    if (isRemoving_) {
-        return;
+    if (!isRemoving_) {
+        std::vector<ReviewRow> rows = rows_.records();
+        rows.erase(std::remove_if(rows.begin(), rows.end(), isTroubled), rows.end());
+        leave(std::move(rows));
     }
-    std::vector<ReviewRow> rows = rows_.records();
-    rows.erase(std::remove_if(rows.begin(), rows.end(), isTroubled), rows.end());
+}
+
+void Removal::leave(std::vector<ReviewRow> rows) {
     show(std::move(rows));
     showReview_ = showReview_ && rows_.rowCount() > 0;
+    // What speaks against a row may hang on what becomes of the others.
+    if (examiner_) {
+        check();
+    }
 }
 
 }

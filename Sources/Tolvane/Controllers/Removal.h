@@ -22,6 +22,8 @@ struct ReviewRow {
     ReviewItem item;
     /// Why it cannot be moved to the Trash, for people; empty when nothing is known of that kind.
     QString trouble;
+    /// What a person should know before they agree; empty when there is nothing of the kind.
+    QString warning = {};
 
     friend bool operator==(const ReviewRow&, const ReviewRow&) = default;
 };
@@ -44,7 +46,14 @@ class Removal : public QObject {
     PUBLISHED(Removal, QString, countText)
     /// How many rows have something in their way; while there are any the removal would fail.
     PUBLISHED(Removal, int, troubledCount)
-    /// Records with the roles `name`, `pathText`, `sizeText`, `isDirectory`, `iconName`, `trouble`.
+    /// While a job looks at the rows; what is in their way or to be warned of comes afterwards.
+    PUBLISHED(Removal, bool, isChecking)
+    /// How many rows a person should look at twice.
+    PUBLISHED(Removal, int, warnedCount)
+    /// What a person should know of the rows together; empty when there is nothing.
+    PUBLISHED(Removal, QString, warningText)
+    /// Records with the roles `name`, `pathText`, `sizeText`, `isDirectory`, `iconName`, `trouble`,
+    /// `warning`.
     Q_PROPERTY(tolvane::ListModel* rows READ rows CONSTANT)
 
   public:
@@ -54,6 +63,16 @@ class Removal : public QObject {
         std::vector<FileURL> roots;
         bool allowProtected = false;
     };
+    /// What speaks against a removal and forbids nothing, for people.
+    struct Warnings {
+        /// By the ids of the rows.
+        std::map<std::string, std::string> rows;
+        /// Of all rows together; may be empty.
+        std::string all;
+    };
+    /// Finds them, on a worker, so that it captures values only.
+    using Examiner = std::function<Warnings(const std::vector<ReviewItem>& items,
+                                            const std::function<bool()>& isCancelled)>;
     /// What the controller does afterwards: banner, log line, refresh. Called last, when
     /// `isRemoving` and all else is up to date; each may destroy the `Removal`.
     struct Handlers {
@@ -68,8 +87,9 @@ class Removal : public QObject {
     Removal(const Environment& environment, Handlers handlers);
 
     /// Opens the sheet on these rows, whose ids are distinct; a job then finds out what stands in
-    /// the way of each.
-    void review(std::vector<ReviewItem> items, std::vector<FileURL> roots, bool allowProtected);
+    /// the way of each, and what the examiner, if there is one, warns of.
+    void review(std::vector<ReviewItem> items, std::vector<FileURL> roots, bool allowProtected,
+                Examiner examiner = {});
     /// One for each row; empty when the sheet is closed.
     std::vector<ReviewItem> reviewItems() const;
     /// Bytes of all rows.
@@ -96,11 +116,20 @@ class Removal : public QObject {
     using Removed = Result<std::vector<RemovalReceipt>, RemovalError>;
     /// What is in the way of items, by their ids.
     using Troubles = std::map<std::string, std::string>;
+    struct Findings {
+        Troubles troubles;
+        Warnings warnings;
+    };
 
-    /// `failure` is known already, and not found by looking.
-    void check(const std::optional<RemovalError>& failure);
-    void showTroubles(const Troubles& troubles);
+    void check();
+    static Troubles troubles(const Cleaner& cleaner, const std::vector<ReviewItem>& items,
+                             const std::vector<FileURL>& roots, bool allowProtected,
+                             const std::optional<RemovalError>& failure,
+                             const std::function<bool()>& isCancelled);
+    void showFindings(const Findings& findings);
+    void leave(std::vector<ReviewRow> rows);
     void show(std::vector<ReviewRow> rows);
+    void publishCounts();
     void endReview();
     void finishRemoval(Removed outcome);
     void finishUndo(std::size_t restored, const std::vector<RemovalError>& failed);
@@ -111,10 +140,13 @@ class Removal : public QObject {
     RecordModel<ReviewRow> rows_;
     std::vector<FileURL> roots_;
     bool allowProtected_ = false;
+    Examiner examiner_;
+    /// Of the last removal of these rows: known, and not found by looking.
+    std::optional<RemovalError> failure_;
     /// What a removal that broke off without a word is reported with.
     FileURL firstItem_;
     std::vector<RemovalReceipt> receipts_;
-    Job<Nothing, Troubles> checking_;
+    Job<Nothing, Findings> checking_;
     Job<Nothing, Removed> removing_;
     Job<Nothing, std::vector<RemovalError>> restoring_;
 };
