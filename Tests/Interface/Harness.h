@@ -4,7 +4,6 @@
 
 #include <ControllerSupport/RecordingWorkspace.h>
 #include <Interface/Appearance.h>
-#include <Interface/FolderChooser.h>
 #include <Interface/MainWindow.h>
 #include <Interface/TolvaneApp.h>
 
@@ -73,7 +72,6 @@ class Harness {
 
     const HostLayout layout_;
     RecordingWorkspace workspace_;
-    FolderChooser chooser_;
     Appearance appearance_;
     std::optional<TolvaneApp> app_;
     std::optional<MainWindow> main_;

@@ -5,6 +5,7 @@
 
 #include <Support/FaultyFiles.h>
 #include <Support/Gate.h>
+#include <Support/OddNames.h>
 
 #include <gtest/gtest.h>
 
@@ -107,6 +108,15 @@ void removeNotes(Scene& scene) {
         return scene.harness.controller().removal()->canUndo() &&
                scene.harness.controller().stage() == Ui::Stage::Result;
     });
+}
+
+void askForFolder(Scene& scene, const FileURL& start) {
+    scene.harness.app().chooser()->ask("Choose a folder to measure", start, {});
+    Harness::eventually([&scene] {
+        return scene.harness.app().chooser()->chosenPath() != "" &&
+               scene.harness.find("folderRows") != nullptr;
+    });
+    QTest::qWait(100);
 }
 
 /// Far more files than a scan keeps.
@@ -239,6 +249,30 @@ const std::vector<Shot>& shots() {
                  scene.harness.scan(scene.home.url("Music"));
                  scene.harness.controller().openPurgeable();
                  QTest::qWait(300);
+             }},
+        {.name = "choose-folder",
+         .prepare =
+             [](Scene& scene) {
+                 askForFolder(scene, scene.home.url());
+                 scene.harness.type("p");
+             }},
+        {.name = "choose-folder-odd",
+         .prepare =
+             [](Scene& scene) {
+                 for (const std::string& name : oddNames()) {
+                     scene.home.makeFolder("odd/" + name);
+                 }
+                 askForFolder(scene, scene.home.url("odd"));
+                 scene.harness.click("folderHidden");
+             },
+         .size = {860, 560}},
+        {.name = "choose-folder-empty",
+         .prepare =
+             [](Scene& scene) {
+                 askForFolder(scene, scene.home.url("Music/Field recordings"));
+                 scene.harness.click("folderPath");
+                 scene.harness.type("x");
+                 scene.harness.press(Qt::Key_Return);
              }},
         {.name = "shortcuts",
          .prepare =

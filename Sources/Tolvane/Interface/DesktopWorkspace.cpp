@@ -8,13 +8,14 @@
 
 namespace tolvane {
 
-DesktopWorkspace::DesktopWorkspace(HostLayout::Locations locations, FolderChooser& chooser)
-    : locations_(std::move(locations))
-    , chooser_(chooser) {}
+DesktopWorkspace::DesktopWorkspace(HostLayout::Locations locations)
+    : locations_(std::move(locations)) {}
 
 void DesktopWorkspace::chooseFolder(const QString& title, const FileURL& start,
                                     std::function<void(const FileURL&)> onChosen) {
-    chooser_.ask(title, start, std::move(onChosen));
+    if (chooser_) {
+        chooser_->ask(title, start, std::move(onChosen));
+    }
 }
 
 void DesktopWorkspace::open(const FileURL& url) {

@@ -2,16 +2,20 @@
 
 #include <HostKit/HostLayout.h>
 
+#include <Controllers/FolderChooser.h>
 #include <Controllers/Workspace.h>
-#include <Interface/FolderChooser.h>
+
+#include <QPointer>
 
 namespace tolvane {
 
 /// The desktop that the program runs on.
 class DesktopWorkspace final : public Workspace {
   public:
-    /// `chooser` must outlive this.
-    DesktopWorkspace(HostLayout::Locations locations, FolderChooser& chooser);
+    explicit DesktopWorkspace(HostLayout::Locations locations);
+
+    /// Where folders are chosen; nowhere before this was called.
+    void chooseWith(FolderChooser* chooser) { chooser_ = chooser; }
 
     void chooseFolder(const QString& title, const FileURL& start,
                       std::function<void(const FileURL&)> onChosen) override;
@@ -23,7 +27,7 @@ class DesktopWorkspace final : public Workspace {
 
   private:
     const HostLayout::Locations locations_;
-    FolderChooser& chooser_;
+    QPointer<FolderChooser> chooser_;
 };
 
 }

@@ -21,12 +21,11 @@ QFont interfaceFont() {
 
 }
 
-MainWindow::MainWindow(TolvaneApp& app, Appearance& appearance, FolderChooser& chooser)
+MainWindow::MainWindow(TolvaneApp& app, Appearance& appearance)
     : defaults_(app.defaults()) {
     readyComponents(engine_);
-    engine_.setInitialProperties({{"app", QVariant::fromValue(&app)},
-                                  {"appearance", QVariant::fromValue(&appearance)},
-                                  {"chooser", QVariant::fromValue(&chooser)}});
+    engine_.setInitialProperties(
+        {{"app", QVariant::fromValue(&app)}, {"appearance", QVariant::fromValue(&appearance)}});
     engine_.load(QUrl("qrc:/Tolvane/RootView.qml"));
     if (!engine_.rootObjects().isEmpty()) {
         window_ = qobject_cast<QQuickWindow*>(engine_.rootObjects().constFirst());

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <Interface/Appearance.h>
-#include <Interface/FolderChooser.h>
 #include <Interface/TolvaneApp.h>
 #include <Interface/WindowPlacement.h>
 
@@ -14,8 +13,8 @@ namespace tolvane {
 /// The one window of the program.
 class MainWindow {
   public:
-    /// All must outlive this.
-    MainWindow(TolvaneApp& app, Appearance& appearance, FolderChooser& chooser);
+    /// Both must outlive this.
+    MainWindow(TolvaneApp& app, Appearance& appearance);
 
     /// Null when the window could not be made; the reasons went to the standard error.
     QQuickWindow* window() const { return window_; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Controllers/Activity.h>
+#include <Controllers/FolderChooser.h>
 #include <Controllers/FolderModel.h>
 #include <Controllers/Inspector.h>
 #include <Controllers/ListModel.h>
@@ -18,6 +19,13 @@ struct ActivityInQML {
     QML_FOREIGN(tolvane::Activity)
     QML_NAMED_ELEMENT(Activity)
     QML_UNCREATABLE("Made by controllers")
+};
+
+struct FolderChooserInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::FolderChooser)
+    QML_NAMED_ELEMENT(FolderChooser)
+    QML_UNCREATABLE("Made by the program's entry")
 };
 
 struct FolderModelInQML {

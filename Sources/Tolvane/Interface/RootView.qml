@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Tolvane
 import Tolvane.Components
@@ -10,7 +9,6 @@ ThemedWindow {
 
     required property TolvaneApp app
     required property Appearance appearance
-    required property FolderChooser chooser
     property bool showsShortcuts: false
 
     width: 1180
@@ -60,16 +58,16 @@ ThemedWindow {
         onDismissed: root.showsShortcuts = false
     }
 
-    // Dialogs take longer to load than all else, so they come when they are asked for.
+    // Comes when it is asked for: most runs never do.
     Loader {
         id: question
     }
     Connections {
-        target: root.chooser
+        target: root.app.chooser
 
         function onIsOpenChanged(): void {
-            if (root.chooser.isOpen) {
-                question.setSource("FolderQuestion.qml", { chooser: root.chooser });
+            if (root.app.chooser.isOpen) {
+                question.setSource("FolderSheet.qml", { chooser: root.app.chooser });
             } else {
                 question.source = "";
             }

@@ -19,6 +19,7 @@ TolvaneApp::TolvaneApp(const Host& host)
     , defaults_(host.layout.locations.userDefaultsFile)
     , environment_{host.layout, host.files, host.trash,     workers_.workers(),
                    log_,        defaults_,  host.workspace, steadyTime}
+    , chooser_(environment_)
     , spaceAnalysis_(environment_)
     , disk_(environment_)
     , modules_({{"title", [](const Module& module) { return module.title; }},

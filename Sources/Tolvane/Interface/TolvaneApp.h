@@ -4,6 +4,7 @@
 #include <Services/Diagnostics.h>
 
 #include <Controllers/Environment.h>
+#include <Controllers/FolderChooser.h>
 #include <Controllers/ListModel.h>
 #include <Controllers/MainThreadWorkers.h>
 #include <Controllers/RecordModel.h>
@@ -27,6 +28,7 @@ class TolvaneApp : public QObject {
     PUBLISHED(TolvaneApp, int, currentModule)
     Q_PROPERTY(tolvane::ListModel* modules READ modules CONSTANT)
     Q_PROPERTY(tolvane::SystemDisk* disk READ disk CONSTANT)
+    Q_PROPERTY(tolvane::FolderChooser* chooser READ chooser CONSTANT)
 
   public:
     /// The machine that the application works on.
@@ -45,6 +47,7 @@ class TolvaneApp : public QObject {
 
     ListModel* modules() { return &modules_; }
     SystemDisk* disk() { return &disk_; }
+    FolderChooser* chooser() { return &chooser_; }
     ScanViewModel& spaceAnalysis() { return spaceAnalysis_; }
     UserDefaults& defaults() { return defaults_; }
     AppLog& log() { return log_; }
@@ -72,6 +75,7 @@ class TolvaneApp : public QObject {
     UserDefaults defaults_;
     MainThreadWorkers workers_;
     const Environment environment_;
+    FolderChooser chooser_;
     ScanViewModel spaceAnalysis_;
     SystemDisk disk_;
     RecordModel<Module> modules_;

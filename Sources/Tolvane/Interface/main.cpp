@@ -72,11 +72,11 @@ int showWindow(char** arguments, const std::optional<std::string>& named) {
     const QGuiApplication application(count, arguments);
     qInstallMessageHandler(usual);
     MainWindow::prepareApplication();
-    FolderChooser chooser;
-    DesktopWorkspace workspace(layout.locations, chooser);
+    DesktopWorkspace workspace(layout.locations);
     TolvaneApp app({layout, files, systemTrash(layout), workspace, TOLVANE_VERSION});
+    workspace.chooseWith(app.chooser());
     Appearance appearance(QGuiApplication::palette());
-    MainWindow main(app, appearance, chooser);
+    MainWindow main(app, appearance);
     if (main.window() == nullptr) {
         return complain("The window could not be made", failure);
     }

@@ -1,0 +1,39 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// One line of text to be typed.
+T.TextField {
+    id: control
+
+    implicitWidth: 220
+    implicitHeight: Theme.controlHeight
+    leftPadding: 10
+    rightPadding: 10
+    color: Theme.text
+    selectionColor: Theme.accent
+    selectedTextColor: Theme.accentInk
+    placeholderTextColor: Theme.secondaryText
+    verticalAlignment: TextInput.AlignVCenter
+    font.family: Theme.family
+    font.pixelSize: Theme.bodyText
+    selectByMouse: true
+    opacity: enabled ? 1 : 0.5
+    Accessible.name: placeholderText
+
+    PlainLabel {
+        x: control.leftPadding
+        width: control.width - control.leftPadding - control.rightPadding
+        height: control.height
+        visible: control.length === 0 && control.preeditText === ""
+        text: control.placeholderText
+        color: control.placeholderTextColor
+        Accessible.ignored: true
+    }
+
+    background: Rectangle {
+        radius: Theme.radius
+        color: Theme.control
+        border.width: control.activeFocus ? 2 : 1
+        border.color: control.activeFocus ? Theme.focusRing : control.hovered ? Theme.secondaryText : Theme.outline
+    }
+}
