@@ -53,6 +53,8 @@ HostLayout HostLayout::darwin(const FileURL& home) {
                              {"Applications", "square.grid.2x2", FileURL("/Applications")},
                              {"Library", "books.vertical", library},
                              {"Macintosh HD", "internaldrive", FileURL("/")}};
+    layout.tools = {.lsof = FileURL("/usr/sbin/lsof"),
+                    .processTree = {FileURL("/bin/ps"), {"-axo", "pid=,ppid="}}};
     return layout;
 }
 
@@ -87,6 +89,8 @@ HostLayout HostLayout::freedesktop(const FileURL& home, const EnvironmentVariabl
                              {"Applications", "square.grid.2x2", home.appending("Applications")},
                              {"Local Data", "books.vertical", home.appending(".local")},
                              {"File System", "internaldrive", FileURL("/")}};
+    layout.tools = {.lsof = FileURL("/usr/bin/lsof"),
+                    .processTree = {FileURL("/bin/ps"), {"-e", "-o", "pid=", "-o", "ppid="}}};
     layout.sources = {.proc = FileURL("/proc"), .sys = FileURL("/sys")};
     return layout;
 }

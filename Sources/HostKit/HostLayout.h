@@ -1,6 +1,7 @@
 #pragma once
 
 #include <HostKit/FileURL.h>
+#include <HostKit/Tool.h>
 
 #include <cstdint>
 #include <map>
@@ -55,6 +56,14 @@ struct HostLayout {
         FileURL url;
     };
 
+    /// Programs of the system, each for what it is used for.
+    struct Tools {
+        /// Tells which processes listen; takes the same arguments everywhere.
+        FileURL lsof;
+        /// Prints the number of every process and that of its parent.
+        Tool processTree;
+    };
+
     /// Where the system tells about itself; a test points them elsewhere.
     struct Sources {
         FileURL proc;
@@ -66,6 +75,7 @@ struct HostLayout {
     Protection protection;
     Exclusions exclusions;
     std::vector<QuickPlace> quickLocations;
+    Tools tools;
     Sources sources;
     /// The user whose Trash folders are used, by number; absent: the one this process runs as.
     std::optional<std::uint32_t> userID;

@@ -39,6 +39,8 @@ TEST(HostLayout, ofDarwinHoldsItsPlaces) {
                             "Library | books.vertical | /Users/ada/Library",
                             "Macintosh HD | internaldrive | /"));
     EXPECT_FALSE(layout.locations.purgeableFolder) << "the system marks files itself";
+    EXPECT_EQ(layout.tools.lsof.path(), "/usr/sbin/lsof");
+    EXPECT_EQ(layout.tools.processTree, (Tool{FileURL("/bin/ps"), {"-axo", "pid=,ppid="}}));
     EXPECT_TRUE(layout.protection.additionalPrefixes.empty());
     EXPECT_TRUE(layout.protection.additionalExactPaths.empty());
 }

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <HostKit/HostLayout.h>
+#include <HostKit/Result.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace tolvane {
+
+/// When a process started, in units of the system: a later process of the same number has another.
+using StartTime = std::uint64_t;
+
+/// The other processes of this machine. Callable from any thread.
+class Processes {
+  public:
+    explicit Processes(HostLayout::Sources sources);
+
+    /// Where the program lies that the process runs, as bytes; absent where the system does not
+    /// tell, as of other users' processes.
+    std::optional<std::string> executablePath(std::int32_t pid) const;
+    /// Absent when there is no such process.
+    std::optional<StartTime> startTime(std::int32_t pid) const;
+    /// Sends a signal to one process, never to a group: numbers below 1 are refused (EINVAL).
+    Result<void, SystemError> signal(std::int32_t pid, int number) const;
+
+  private:
+    HostLayout::Sources sources_;
+};
+
+}
