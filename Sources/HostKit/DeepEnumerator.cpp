@@ -11,9 +11,11 @@ DeepEnumerator::DeepEnumerator(const FileManager& files, const FileURL& root, Op
     : options_(std::move(options))
     , onError_(std::move(onError))
     , path_(root.path()) {
-    const Result<ResourceValues, SystemError> values = files.values(root);
-    if (values && values->isSymbolicLink.value_or(false)) {
-        return;
+    if (!options_.entersLinkedRoot) {
+        const Result<ResourceValues, SystemError> values = files.values(root);
+        if (values && values->isSymbolicLink.value_or(false)) {
+            return;
+        }
     }
     enter(files.openDirectory(root, listing()));
 }

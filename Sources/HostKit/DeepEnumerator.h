@@ -11,12 +11,14 @@
 namespace tolvane {
 
 /// Walks everything below a directory in pre-order, listing order within a directory. Links are
-/// entries like others and never followed, not even at the root. Iterative, so that depth costs no
-/// stack.
+/// entries like others and never followed, at the root only when that is asked for. Iterative, so
+/// that depth costs no stack.
 class DeepEnumerator {
   public:
     struct Options {
         bool skipsHidden = false;
+        /// A root that is a link to a directory is entered; its items bear the link's path.
+        bool entersLinkedRoot = false;
         /// Directories whose extension (any case) is listed here are entries but are not entered.
         std::vector<std::string> opaqueExtensions = {};
         std::function<bool()> isCancelled = {};
@@ -32,6 +34,8 @@ class DeepEnumerator {
     bool next();
     /// The current item's name; valid until the next call of `next()`.
     std::string_view name() const;
+    /// The path of the directory that the current item lies in; valid as long.
+    std::string_view folder() const { return path_; }
     FileURL url() const;
     Result<ResourceValues, SystemError> values();
     /// The current item is not entered.

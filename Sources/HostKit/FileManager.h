@@ -2,6 +2,7 @@
 
 #include <HostKit/FileURL.h>
 #include <HostKit/MountTable.h>
+#include <HostKit/ReadableFile.h>
 #include <HostKit/ResourceValues.h>
 #include <HostKit/Result.h>
 
@@ -71,6 +72,10 @@ class FileManager {
     virtual Result<void, SystemError> probeReading(const FileURL& url) const = 0;
     /// At most `limit` bytes from the start of a regular file; other items are refused.
     virtual Result<std::string, SystemError> read(const FileURL& url, std::size_t limit) const = 0;
+    /// Opens a regular file for reading. Other items and links are refused, also where the item
+    /// became one since it was listed; never blocks on a pipe.
+    virtual Result<std::unique_ptr<ReadableFile>, SystemError>
+    openFile(const FileURL& url) const = 0;
     /// Creates the directory and the missing ones above it; one that exists is fine.
     virtual Result<void, SystemError> createDirectories(const FileURL& url) const = 0;
     /// What is mounted now.

@@ -31,6 +31,37 @@ class FaultyDirectory final : public Directory {
     const FaultyFiles& files_;
 };
 
+class FaultyFile final : public ReadableFile {
+  public:
+    FaultyFile(std::unique_ptr<ReadableFile> file, FileURL url, FaultyFiles::Fault fault)
+        : file_(std::move(file))
+        , url_(std::move(url))
+        , fault_(std::move(fault)) {}
+
+    Result<std::size_t, SystemError> read(Bytes offset, std::span<std::byte> buffer) override {
+        if (const auto error = fault_(FileOperation::readFile, url_)) {
+            return tl::unexpected(*error);
+        }
+        return file_->read(offset, buffer);
+    }
+    void prefetch(Bytes offset, Bytes length) override { file_->prefetch(offset, length); }
+    Result<ResourceValues, SystemError> values() const override { return file_->values(); }
+
+  private:
+    std::unique_ptr<ReadableFile> file_;
+    FileURL url_;
+    FaultyFiles::Fault fault_;
+};
+
+}
+
+Result<std::unique_ptr<ReadableFile>, SystemError> FaultyFiles::openFile(const FileURL& url) const {
+    if (const auto error = fault_(FileOperation::openFile, url)) {
+        return tl::unexpected(*error);
+    }
+    return files_->openFile(url).map([&](std::unique_ptr<ReadableFile> opened) {
+        return std::unique_ptr<ReadableFile>(new FaultyFile(std::move(opened), url, fault_));
+    });
 }
 
 Result<std::unique_ptr<Directory>, SystemError>

@@ -9,10 +9,10 @@
 namespace tolvane {
 
 /// What of a file manager can be made to fail.
-enum class FileOperation { openDirectory };
+enum class FileOperation { openDirectory, openFile, readFile };
 
-/// A file manager in front of another one: before a folder is opened a test may do something to the
-/// disk, or give the error that it ends with.
+/// A file manager in front of another one: before each of these operations a test may do something
+/// to the disk, or give the error that it ends with.
 class FaultyFiles final : public FileManager {
   public:
     using Fault =
@@ -24,6 +24,7 @@ class FaultyFiles final : public FileManager {
 
     Result<std::unique_ptr<Directory>, SystemError>
     openDirectory(const FileURL& url, const Listing& listing) const override;
+    Result<std::unique_ptr<ReadableFile>, SystemError> openFile(const FileURL& url) const override;
     Result<ResourceValues, SystemError> values(const FileURL& url) const override {
         return files_->values(url);
     }

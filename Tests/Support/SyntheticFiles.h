@@ -48,6 +48,9 @@ class SyntheticFiles final : public FileManager {
     Result<std::string, SystemError> read(const FileURL&, std::size_t) const override {
         return tl::unexpected(SystemError{EIO});
     }
+    Result<std::unique_ptr<ReadableFile>, SystemError> openFile(const FileURL&) const override {
+        return tl::unexpected(SystemError{EIO});
+    }
     Result<void, SystemError> createDirectories(const FileURL&) const override {
         return tl::unexpected(SystemError{EROFS});
     }

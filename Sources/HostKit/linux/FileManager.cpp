@@ -6,6 +6,7 @@
 #include <HostKit/linux/ItemStatus.h>
 #include <HostKit/linux/LongPath.h>
 #include <HostKit/linux/Mounts.h>
+#include <HostKit/linux/OpenFile.h>
 
 #include <fcntl.h>
 
@@ -73,6 +74,10 @@ class LinuxFileManager final : public FileManager {
             return tl::unexpected(status ? SystemError{EINVAL} : status.error());
         }
         return readContents(*opened, limit);
+    }
+
+    Result<std::unique_ptr<ReadableFile>, SystemError> openFile(const FileURL& url) const override {
+        return openRegularFile(url.path());
     }
 
     Result<void, SystemError> createDirectories(const FileURL& url) const override {

@@ -1,0 +1,177 @@
+#include <DuplicatesKit/Comparison.h>
+
+#include <algorithm>
+#include <iterator>
+#include <tuple>
+
+namespace tolvane {
+namespace {
+
+using Position = Candidates::Position;
+using Extent = ContentReader::Extent;
+
+bool isSameDigest(const Comparison::Digested& a, const Comparison::Digested& b) {
+    return a.reading.digest == b.reading.digest;
+}
+
+}
+
+std::vector<Comparison::Digested>
+Comparison::fingerprinted(const std::vector<Position>& positions,
+                          const std::function<void(std::int64_t)>& progress) {
+    std::vector<Digested> result;
+    result.reserve(positions.size());
+    FilesAhead ahead(manager_,
+                     {positions.size(),
+                      [&](std::size_t index) {
+                          return index == 0 ||
+                                 !files_.isSameFile(positions[index - 1], positions[index]);
+                      },
+                      [&](std::size_t index) { return files_.url(positions[index]); },
+                      [&](std::size_t index, ReadableFile& file) {
+                          ContentReader::prefetchFingerprint(file, files_.size(positions[index]));
+                      }});
+    for (std::size_t index = 0; index < positions.size(); ++index) {
+        if (isStopped()) {
+            return {};
+        }
+        ++fingerprintedFiles_;
+        if (progress) {
+            progress(fingerprintedFiles_);
+        }
+        const Position position = positions[index];
+        const auto reading = readOnce(ahead, index, position, [&](ReadableFile& file) {
+            return std::optional(reader_.fingerprint(file, files_.size(position)));
+        });
+        if (reading) {
+            result.push_back({position, *reading});
+        }
+        // Of other files nothing depends on the fingerprint but that they are read again.
+        if (reading && reading->extent == Extent::whole) {
+            noteUnlessCertain();
+        }
+    }
+    return result;
+}
+
+std::vector<DuplicateGroup> Comparison::confirmed(std::vector<Digested> alike) {
+    std::ranges::sort(alike, [&](const Digested& a, const Digested& b) {
+        if (isSameFingerprint(a, b)) {
+            return files_.isBefore(a.position, b.position);
+        }
+        // Large files first: they are what is worth most should it be cancelled.
+        return std::make_tuple(files_.size(b.position), a.reading.extent, a.reading.digest) <
+               std::make_tuple(files_.size(a.position), b.reading.extent, b.reading.digest);
+    });
+    const auto belong = [&](const Digested& a, const Digested& b) {
+        return isSameFingerprint(a, b);
+    };
+    removeSingles(alike, belong);
+    latest_.reset();
+    FilesAhead ahead(
+        manager_, {alike.size(),
+                   [&](std::size_t index) {
+                       return alike[index].reading.extent != Extent::whole &&
+                              (index == 0 || !files_.isSameFile(alike[index - 1].position,
+                                                                alike[index].position));
+                   },
+                   [&](std::size_t index) { return files_.url(alike[index].position); },
+                   [](std::size_t, ReadableFile& file) { ContentReader::prefetchContent(file); }});
+    std::vector<DuplicateGroup> groups;
+    for (std::size_t start = 0; start < alike.size() && !isStopped_;) {
+        const Run bucket = runAt(alike, start, alike.size(), belong);
+        start = bucket.end;
+        appendGroups(groups, alike, digested(alike, bucket, ahead));
+    }
+    return groups;
+}
+
+/// Once stopped it stays so, whatever the test says later.
+bool Comparison::isStopped() {
+    isStopped_ = isStopped_ || (isCancelled_ && isCancelled_());
+    return isStopped_;
+}
+
+bool Comparison::isSameFingerprint(const Digested& a, const Digested& b) const {
+    return files_.size(a.position) == files_.size(b.position) &&
+           a.reading.extent == b.reading.extent && isSameDigest(a, b);
+}
+
+/// What `read` gives of the file, or gave when it was met under another name just before. Absent
+/// when it cannot be opened or when reading was cancelled.
+std::optional<Comparison::Reading> Comparison::readOnce(FilesAhead& ahead, std::size_t index,
+                                                        Position position, const Read& read) {
+    const bool isKnown = latest_ && files_.isSameFile(latest_->position, position) &&
+                         isUnchanged(position, manager_.values(files_.url(position)));
+    if (!isKnown) {
+        latest_.reset();
+        const FilesAhead::Opened file = ahead.open(index);
+        const std::optional<Reading> reading = file ? read(**file) : std::nullopt;
+        if (!reading) {
+            isStopped_ = isStopped_ || file.has_value();
+            return std::nullopt;
+        }
+        const bool isCertain =
+            reading->extent == Extent::whole && isUnchanged(position, (*file)->values());
+        latest_ = Latest{position, *reading, isCertain};
+    }
+    latest_->position = position;
+    return latest_->reading;
+}
+
+bool Comparison::isUnchanged(Position position,
+                             const Result<ResourceValues, SystemError>& values) const {
+    return values && files_.file(position).isUnchanged(*values);
+}
+
+void Comparison::noteUnlessCertain() {
+    if (!latest_->isCertain) {
+        uncertain_.push_back(files_.url(latest_->position).path());
+    }
+}
+
+/// Digests the contents of the files in the bucket. What is left of it are those that have one.
+Run Comparison::digested(std::vector<Digested>& alike, Run bucket, FilesAhead& ahead) {
+    std::size_t kept = bucket.start;
+    for (std::size_t index = bucket.start; index < bucket.end && !isStopped(); ++index) {
+        Digested file = alike[index];
+        if (file.reading.extent != Extent::whole) {
+            const auto reading = readOnce(ahead, index, file.position, [&](ReadableFile& opened) {
+                return reader_.content(opened);
+            });
+            if (!reading) {
+                continue;
+            }
+            file.reading = *reading;
+            noteUnlessCertain();
+        }
+        alike[kept++] = file;
+    }
+    return {bucket.start, kept};
+}
+
+void Comparison::appendGroups(std::vector<DuplicateGroup>& groups, std::vector<Digested>& alike,
+                              Run bucket) const {
+    const auto at = [&](std::size_t index) {
+        return alike.begin() + static_cast<std::ptrdiff_t>(index);
+    };
+    std::sort(at(bucket.start), at(bucket.end), [](const Digested& a, const Digested& b) {
+        return a.reading.digest < b.reading.digest;
+    });
+    for (std::size_t start = bucket.start; start < bucket.end;) {
+        const Run run = runAt(alike, start, bucket.end, isSameDigest);
+        start = run.end;
+        if (run.count() < 2) {
+            continue;
+        }
+        std::vector<DuplicateFile> files;
+        files.reserve(run.count());
+        std::transform(at(run.start), at(run.end), std::back_inserter(files),
+                       [&](const Digested& file) { return files_.file(file.position); });
+        std::ranges::sort(files, {}, &DuplicateFile::id);
+        const Bytes size = files.front().size;
+        groups.push_back({hexadecimal(alike[run.start].reading.digest), size, std::move(files)});
+    }
+}
+
+}

@@ -1,0 +1,59 @@
+#include <DuplicatesKit/CandidateWalk.h>
+#include <DuplicatesKit/Comparison.h>
+#include <DuplicatesKit/DuplicateScanner.h>
+#include <DuplicatesKit/Runs.h>
+
+#include <algorithm>
+#include <numeric>
+
+namespace tolvane {
+namespace {
+
+using Positions = std::vector<Candidates::Position>;
+using Position = Candidates::Position;
+
+/// The positions of all files that share their size with another one, by size.
+Positions sharingSize(const Candidates& files) {
+    Positions order(files.count());
+    std::iota(order.begin(), order.end(), Position{0});
+    std::ranges::sort(order, [&](Position a, Position b) { return files.isBefore(a, b); });
+    // A file that has one name and was met twice is mounted a second time.
+    const auto isMetAgain = [&](Position a, Position b) {
+        return files.isSameFile(a, b) && files.hasOneName(b);
+    };
+    order.erase(std::unique(order.begin(), order.end(), isMetAgain), order.end());
+    removeSingles(order, [&](Position a, Position b) { return files.size(a) == files.size(b); });
+    return order;
+}
+
+void sortByWaste(std::vector<DuplicateGroup>& groups) {
+    std::ranges::sort(groups, [](const DuplicateGroup& a, const DuplicateGroup& b) {
+        const Bytes waste = a.wastedBytes();
+        const Bytes otherWaste = b.wastedBytes();
+        return waste != otherWaste ? waste > otherWaste
+                                   : a.files.front().id() < b.files.front().id();
+    });
+}
+
+}
+
+DuplicateScanner::DuplicateScanner(DuplicateOptions options,
+                                   std::shared_ptr<const FileManager> fileManager)
+    : options_(std::move(options))
+    , files_(std::move(fileManager)) {}
+
+DuplicateScanResult DuplicateScanner::scan(const FileURL& root, const Progress& progress,
+                                           const std::function<bool()>& isCancelled) {
+    CollectedCandidates collected = collectCandidates(*files_, root, options_, isCancelled);
+    const Candidates& candidates = collected.files;
+    Comparison comparison(*files_, candidates, isCancelled);
+    std::vector<DuplicateGroup> groups =
+        comparison.confirmed(comparison.fingerprinted(sharingSize(candidates), progress));
+    sortByWaste(groups);
+    uncertain_ = comparison.uncertain();
+    std::ranges::sort(uncertain_);
+    return {root, std::move(groups), static_cast<std::int64_t>(candidates.count()),
+            comparison.fingerprintedFiles(), std::move(collected.errors)};
+}
+
+}
