@@ -2,11 +2,11 @@
 
 _tolvanectl() {
     local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' each
-    local commands='scan size access trash restore log' options='--help --json --version'
+    local commands='scan size access duplicates trash restore log' options='--help --json --version'
 
     for each in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $each in
-        scan | size | access | trash | restore | log)
+        scan | size | access | duplicates | trash | restore | log)
             command=$each
             break
             ;;
@@ -14,14 +14,15 @@ _tolvanectl() {
     done
     case $command in
     scan) options+=' --detailed --set --depth --top --svg --size' ;;
+    duplicates) options+=' --minimum-size --include-hidden --exclude --print0' ;;
     trash) options+=' --within --dry-run' ;;
     log) options+=' --bytes' ;;
     esac
 
     COMPREPLY=()
     case $previous in
-    --set | --depth | --top | --size | --bytes) return ;;
-    --within)
+    --set | --depth | --top | --size | --minimum-size | --bytes) return ;;
+    --within | --exclude)
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -d -- "$word")
         return
@@ -34,7 +35,7 @@ _tolvanectl() {
     case $command,$word in
     *,-*) mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word") ;;
     ,*) mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$word") ;;
-    scan,*)
+    scan,* | duplicates,*)
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -d -- "$word")
         ;;

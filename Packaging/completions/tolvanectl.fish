@@ -1,6 +1,6 @@
 # Completion of tolvanectl for fish.
 
-set -l commands scan size access trash restore log
+set -l commands scan size access duplicates trash restore log
 
 complete -c tolvanectl -f
 complete -c tolvanectl -s h -l help -d 'Print the options and exit'
@@ -10,6 +10,7 @@ complete -c tolvanectl -l version -d 'Print the version and exit'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a scan -d 'Show what fills a folder'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a size -d 'Measure single items'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a access -d 'Tell whether everything may be read'
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a duplicates -d 'Find files of equal content'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a trash -d 'Move items to the Trash'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a restore -d 'Put back what trash moved'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a log -d "Show the end of the application's log"
@@ -22,6 +23,11 @@ complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -r -F -l svg -d "Dr
 complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -x -l size -d 'Size of the drawing in pixels (WxH)'
 complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -x -a '(__fish_complete_directories)'
 complete -c tolvanectl -n '__fish_seen_subcommand_from size' -F
+complete -c tolvanectl -n '__fish_seen_subcommand_from duplicates' -x -l minimum-size -d 'Leave out smaller files (bytes)'
+complete -c tolvanectl -n '__fish_seen_subcommand_from duplicates' -l include-hidden -d 'Look at hidden items, too'
+complete -c tolvanectl -n '__fish_seen_subcommand_from duplicates' -x -l exclude -a '(__fish_complete_directories)' -d 'Leave out a folder'
+complete -c tolvanectl -n '__fish_seen_subcommand_from duplicates' -l print0 -d 'Print only the paths of the copies, ended by NUL'
+complete -c tolvanectl -n '__fish_seen_subcommand_from duplicates' -x -a '(__fish_complete_directories)'
 complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -x -l within -a '(__fish_complete_directories)' -d 'A folder the items must lie in'
 complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -l dry-run -d 'Only tell what would be moved'
 complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -F

@@ -27,6 +27,7 @@ class Command {
 };
 
 std::unique_ptr<Command> makeAccessCommand();
+std::unique_ptr<Command> makeDuplicatesCommand();
 std::unique_ptr<Command> makeLogCommand();
 std::unique_ptr<Command> makeRestoreCommand();
 std::unique_ptr<Command> makeScanCommand();

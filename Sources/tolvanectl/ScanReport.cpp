@@ -1,5 +1,6 @@
 #include "ScanReport.h"
 
+#include "Failures.h"
 #include "NodeWriter.h"
 #include "ShownText.h"
 #include "Table.h"
@@ -17,7 +18,6 @@ namespace {
 using CountFormat::counted;
 using CountFormat::grouped;
 
-constexpr std::size_t namedFailures = 5;
 constexpr double barLength = 10;
 
 void collectFiles(const FileNode& node, std::vector<const FileNode*>& files) {
@@ -148,22 +148,6 @@ void printLeftOut(Console& console, const Host& host, const ScanReport& report) 
     console.out().format("\n{}\n", console.styled(Style::faint, line));
 }
 
-void complainOfFailures(Console& console, const std::vector<ScanFailure>& failures) {
-    if (failures.empty()) {
-        return;
-    }
-    const auto count = static_cast<std::int64_t>(failures.size());
-    console.complain(counted(count, "item") + " could not be read:");
-    const std::size_t shown = std::min(namedFailures, failures.size());
-    for (std::size_t i = 0; i < shown; ++i) {
-        console.complain("  " + failures[i].path + ": " + failures[i].reason);
-    }
-    if (failures.size() > shown) {
-        console.complain("  and " + grouped(static_cast<std::int64_t>(failures.size() - shown)) +
-                         " more; --json lists all");
-    }
-}
-
 }
 
 std::vector<const FileNode*> largestFiles(const FileNode& root, std::int64_t count) {
@@ -201,18 +185,9 @@ void printAsJson(Output& out, const ScanReport& report) {
         }
         out.append("]");
     }
-    out.append(R"(,"failures":[)");
-    std::string_view separator = "{";
-    for (const ScanFailure& failure : report.failures) {
-        out.append(separator);
-        writer.writePath("path", failure.path);
-        out.append(R"(,"reason":)");
-        writer.writeText(failure.reason);
-        out.append("}");
-        out.flushIfLarge();
-        separator = ",{";
-    }
-    out.format(R"(],"seconds":{:.3f}}})"
+    out.append(R"(,"failures":)");
+    writeFailures(out, writer, report.failures);
+    out.format(R"(,"seconds":{:.3f}}})"
                "\n",
                report.seconds);
 }

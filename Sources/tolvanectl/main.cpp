@@ -26,10 +26,11 @@ struct Entry {
     std::unique_ptr<Command> (*make)();
 };
 
-constexpr std::array<Entry, 6> commands{{
+constexpr std::array<Entry, 7> commands{{
     {"scan", "Show what fills a folder", makeScanCommand},
     {"size", "Measure single items", makeSizeCommand},
     {"access", "Tell whether everything may be read", makeAccessCommand},
+    {"duplicates", "Find files of equal content", makeDuplicatesCommand},
     {"trash", "Move items to the Trash", makeTrashCommand},
     {"restore", "Put back what trash moved", makeRestoreCommand},
     {"log", "Show the end of the application's log", makeLogCommand},
