@@ -23,6 +23,20 @@ Environment ControllerHome::environmentWith(std::shared_ptr<const Trash> other) 
     return environment;
 }
 
+std::string ControllerHome::logText() {
+    log.flush();
+    return read(".local/state/Logs/Tolvane/scan.log");
+}
+
+std::ptrdiff_t ControllerHome::logged(const std::string& text) {
+    const std::string all = logText();
+    std::ptrdiff_t count = 0;
+    for (std::size_t at = all.find(text); at != std::string::npos; at = all.find(text, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
 void waitUntil(const std::function<bool()>& isDone) {
     constexpr int watchdog = 60'000;
     EXPECT_TRUE(QTest::qWaitFor(isDone, watchdog)) << "waited for a minute";
@@ -31,6 +45,15 @@ void waitUntil(const std::function<bool()>& isDone) {
 void processEvents() {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
+}
+
+std::vector<QString> texts(const QAbstractItemModel& model, const QByteArray& role) {
+    std::vector<QString> texts;
+    const int key = model.roleNames().key(role);
+    for (int row = 0; row < model.rowCount(); ++row) {
+        texts.push_back(model.index(row, 0).data(key).toString());
+    }
+    return texts;
 }
 
 }

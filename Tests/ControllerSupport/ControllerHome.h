@@ -6,8 +6,11 @@
 #include <Controllers/Environment.h>
 #include <Controllers/MainThreadWorkers.h>
 
+#include <QAbstractItemModel>
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace tolvane {
 
@@ -22,6 +25,10 @@ class ControllerHome : public TemporaryHome {
     const Environment& environment() const { return environment_; }
     /// The same with another Trash.
     Environment environmentWith(std::shared_ptr<const Trash> other) const;
+    /// All that the log says by now.
+    std::string logText();
+    /// How often the log says `text`.
+    std::ptrdiff_t logged(const std::string& text);
 
     const HostLayout layout;
     const std::shared_ptr<const FileManager> files;
@@ -39,5 +46,7 @@ class ControllerHome : public TemporaryHome {
 void waitUntil(const std::function<bool()>& isDone);
 /// Lets everything arrive that has been posted by now.
 void processEvents();
+/// What every row of a list says in one of its roles.
+std::vector<QString> texts(const QAbstractItemModel& model, const QByteArray& role);
 
 }

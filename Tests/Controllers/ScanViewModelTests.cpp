@@ -1,9 +1,9 @@
-#include <Support/FaultyFiles.h>
-#include <Support/Gate.h>
+#include <Support/GatedFiles.h>
 #include <Support/SyntheticFiles.h>
 #include <Support/TreeState.h>
 
 #include <ControllerSupport/ControllerHome.h>
+#include <ControllerSupport/FailingTrash.h>
 #include <Controllers/ScanViewModel.h>
 #include <Controllers/ShownText.h>
 #include <gmock/gmock.h>
@@ -24,15 +24,6 @@ std::vector<std::string> names(const std::vector<FileNode>& nodes) {
         names.emplace_back(node.name());
     }
     return names;
-}
-
-std::vector<QString> texts(const QAbstractItemModel& model, const QByteArray& role) {
-    std::vector<QString> texts;
-    const int key = model.roleNames().key(role);
-    for (int row = 0; row < model.rowCount(); ++row) {
-        texts.push_back(model.index(row, 0).data(key).toString());
-    }
-    return texts;
 }
 
 /// A folder of `count` files of one block.
@@ -60,19 +51,6 @@ FileURL makeOnDisk(const TemporaryHome& home, const std::string& path, const Syn
         }
     }
     return home.url(path);
-}
-
-/// Lets workers into `folder` only while the gate is open.
-std::shared_ptr<const FileManager> gated(Gate& gate, std::shared_ptr<const FileManager> files,
-                                         const FileURL& folder) {
-    return std::make_shared<FaultyFiles>(
-        std::move(files),
-        [&gate, folder](FileOperation, const FileURL& url) -> std::optional<SystemError> {
-            if (url == folder) {
-                gate.pass();
-            }
-            return std::nullopt;
-        });
 }
 
 class ScanViewModelTests : public testing::Test {
@@ -144,19 +122,6 @@ class ScanViewModelTests : public testing::Test {
         const auto listing = home.files->openDirectory(folder, {});
         return std::string((*listing)->name((*listing)->count() - 1));
     }
-    std::string logText() {
-        home.log.flush();
-        return home.read(".local/state/Logs/Tolvane/scan.log");
-    }
-    std::ptrdiff_t logged(const std::string& text) {
-        const std::string log = logText();
-        std::ptrdiff_t count = 0;
-        for (std::size_t at = log.find(text); at != std::string::npos;
-             at = log.find(text, at + 1)) {
-            ++count;
-        }
-        return count;
-    }
 
     ControllerHome home;
     Environment environment = home.environment();
@@ -188,7 +153,7 @@ TEST_F(ScanViewModelTests, showsWhatFillsAFolder) {
     EXPECT_THAT(texts(*controller->folder(), "name"), ElementsAre("small"));
     EXPECT_EQ(controller->lastScanPath(), QString::fromStdString(home.path("data")));
 
-    const std::string log = logText();
+    const std::string log = home.logText();
     const std::string path = home.path("data");
     EXPECT_THAT(log, HasSubstr("scan start path=" + path + " origin=a test\n"));
     EXPECT_THAT(log, HasSubstr("scan done path=" + path + " total="));
@@ -207,8 +172,8 @@ TEST_F(ScanViewModelTests, dropsTheResultOfAScanThatAnotherOneSuperseded) {
     gate.open();
     finishWorkers();
     EXPECT_THAT(names(controller->path()), ElementsAre("second"));
-    EXPECT_EQ(logged("scan cancel requested"), 1);
-    EXPECT_EQ(logged("scan done"), 1);
+    EXPECT_EQ(home.logged("scan cancel requested"), 1);
+    EXPECT_EQ(home.logged("scan done"), 1);
 }
 
 TEST_F(ScanViewModelTests, showsTheTreeOfACancelledScanAndLoadsNothing) {
@@ -224,8 +189,8 @@ TEST_F(ScanViewModelTests, showsTheTreeOfACancelledScanAndLoadsNothing) {
     settle();
     EXPECT_TRUE(controller->isPartial());
     EXPECT_EQ(controller->path().size(), 1U);
-    EXPECT_EQ(logged("cancelled=true"), 1);
-    EXPECT_EQ(logged("folder load start"), 0);
+    EXPECT_EQ(home.logged("cancelled=true"), 1);
+    EXPECT_EQ(home.logged("folder load start"), 0);
 }
 
 TEST_F(ScanViewModelTests, ignoresClicksThatFollowAnEntryAtOnce) {
@@ -262,15 +227,15 @@ TEST_F(ScanViewModelTests, keepsTheEightFoldersLastLoadedInDetail) {
     root.children.push_back(folderOf("many", 60'001));
     start();
     scan(onDisk(root));
-    ASSERT_EQ(logged("folder load start"), 0);
+    ASSERT_EQ(home.logged("folder load start"), 0);
     for (int i = 0; i < 9; ++i) {
         enter("f" + std::to_string(i));
         EXPECT_EQ(controller->folder()->count(), 40);
         controller->goBack();
     }
-    EXPECT_EQ(logged("folder load done"), 9);
+    EXPECT_EQ(home.logged("folder load done"), 9);
     enter("f1");
-    EXPECT_EQ(logged("folder load start"), 9);
+    EXPECT_EQ(home.logged("folder load start"), 9);
     controller->goBack();
     // The tree keeps what was loaded, so that nothing is missing and nothing is loaded again.
     enter("f0");
@@ -282,10 +247,10 @@ TEST_F(ScanViewModelTests, loadsASmallScanInDetailByItself) {
         onDisk(SyntheticItem::folder("data", {folderOf("some", 33), folderOf("rest", 59'967)}));
     start();
     scan(data);
-    EXPECT_EQ(logged("folder load done"), 1);
+    EXPECT_EQ(home.logged("folder load done"), 1);
     home.write("data/one more");
     scan(data);
-    EXPECT_EQ(logged("folder load start"), 1);
+    EXPECT_EQ(home.logged("folder load start"), 1);
 }
 
 TEST_F(ScanViewModelTests, carriesTicksIntoTheDetailedFolder) {
@@ -326,14 +291,14 @@ TEST_F(ScanViewModelTests, neverAppliesACancelledFolderLoad) {
     finishWorkers();
     EXPECT_EQ(controller->folder()->count(), 32);
     EXPECT_EQ(controller->folder()->hiddenText(), "18 smaller items, 74 KB");
-    EXPECT_EQ(logged("folder load cancelled"), 1);
-    EXPECT_EQ(logged("folder load done"), 0);
+    EXPECT_EQ(home.logged("folder load cancelled"), 1);
+    EXPECT_EQ(home.logged("folder load done"), 0);
     controller->rescanInDetail();
     settle();
     EXPECT_EQ(controller->folder()->count(), 50);
     EXPECT_EQ(controller->folder()->hiddenText(), "");
     controller->loadContents(FileNode(controller->path().back()));
-    EXPECT_EQ(logged("folder load start"), 2);
+    EXPECT_EQ(home.logged("folder load start"), 2);
 }
 
 TEST_F(ScanViewModelTests, estimatesFromTheScanBefore) {
@@ -384,16 +349,16 @@ TEST_F(ScanViewModelTests, movesWhatIsTickedToTheTrashAndBack) {
     EXPECT_TRUE(home.has("data/keep"));
     EXPECT_THAT(names(controller->path().back().children()), ElementsAre("keep"));
     EXPECT_EQ(controller->selectedCount(), 0);
-    EXPECT_EQ(
-        logged("trash count=2 bytes=" + std::to_string(3 * 4096) + " root=" + home.path("data")),
-        1);
-    EXPECT_EQ(logged("origin=rescan"), 1);
+    EXPECT_EQ(home.logged("trash count=2 bytes=" + std::to_string(3 * 4096) +
+                          " root=" + home.path("data")),
+              1);
+    EXPECT_EQ(home.logged("origin=rescan"), 1);
 
     controller->undoRemoval();
     settle();
     EXPECT_EQ(controller->banner(), "Restored 2 items");
     EXPECT_EQ(treeState(home.path("data")), before);
-    EXPECT_EQ(logged("undo restored=2 failed=0"), 1);
+    EXPECT_EQ(home.logged("undo restored=2 failed=0"), 1);
     EXPECT_FALSE(controller->removal()->canUndo());
 }
 
@@ -410,8 +375,8 @@ TEST_F(ScanViewModelTests, movesNothingWhenOneItemMayNotBeMoved) {
     controller->removeReviewed();
     settle();
     EXPECT_THAT(controller->banner().toStdString(), Not(testing::IsEmpty()));
-    EXPECT_EQ(logged("trash failed: " + controller->banner().toStdString()), 1);
-    EXPECT_EQ(logged("origin=rescan"), 0);
+    EXPECT_EQ(home.logged("trash failed: " + controller->banner().toStdString()), 1);
+    EXPECT_EQ(home.logged("origin=rescan"), 0);
     EXPECT_EQ(treeState(home.path("data")), before);
 }
 
@@ -419,26 +384,7 @@ TEST_F(ScanViewModelTests, scansAgainWhenARemovalFailedMidway) {
     home.write("data/a", "a");
     home.write("data/bb", "b");
     home.write("data/keep", "k");
-    class FailingTrash final : public Trash {
-      public:
-        explicit FailingTrash(std::shared_ptr<const Trash> trash)
-            : trash_(std::move(trash)) {}
-        Result<std::optional<FileURL>, std::string> move(const FileURL& item,
-                                                         const FileURL& within) const override {
-            if (item.lastPathComponent() == "bb") {
-                return tl::unexpected(std::string("it is in use"));
-            }
-            return trash_->move(item, within);
-        }
-        Result<void, std::string> putBack(const FileURL& trashed,
-                                          const FileURL& original) const override {
-            return trash_->putBack(trashed, original);
-        }
-
-      private:
-        std::shared_ptr<const Trash> trash_;
-    };
-    environment.trash = std::make_shared<FailingTrash>(environment.trash);
+    environment.trash = std::make_shared<FailingTrash>(environment.trash, "bb");
     start();
     scan(home.url("data"));
     controller->select(child("a"), true);
@@ -448,7 +394,7 @@ TEST_F(ScanViewModelTests, scansAgainWhenARemovalFailedMidway) {
     settle();
     EXPECT_EQ(controller->banner().toStdString(),
               "Could not move " + home.path("data/bb") + " to Trash: it is in use");
-    EXPECT_EQ(logged("origin=rescan"), 1);
+    EXPECT_EQ(home.logged("origin=rescan"), 1);
     EXPECT_THAT(names(controller->path().back().children()),
                 testing::UnorderedElementsAre("bb", "keep"));
     EXPECT_FALSE(controller->removal()->canUndo());
