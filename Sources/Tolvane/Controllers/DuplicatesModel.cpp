@@ -289,7 +289,8 @@ QHash<int, QByteArray> DuplicatesModel::roleNames() const {
 }
 
 QVariant DuplicatesModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    const bool isTold = role == Qt::DisplayRole || (role >= IsHeader && role <= AccessibleText);
+    if (!isTold || !checkIndex(index, CheckIndexOption::IndexIsValid)) {
         return {};
     }
     const std::optional<DuplicateIndex::Position> file = fileAt(index.row());

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <Controllers/Activity.h>
+#include <Controllers/DuplicatesModel.h>
+#include <Controllers/DuplicatesViewModel.h>
 #include <Controllers/FolderChooser.h>
 #include <Controllers/FolderModel.h>
 #include <Controllers/Inspector.h>
@@ -19,6 +21,20 @@ struct ActivityInQML {
     QML_FOREIGN(tolvane::Activity)
     QML_NAMED_ELEMENT(Activity)
     QML_UNCREATABLE("Made by controllers")
+};
+
+struct DuplicatesModelInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::DuplicatesModel)
+    QML_NAMED_ELEMENT(DuplicatesModel)
+    QML_UNCREATABLE("Made by controllers")
+};
+
+struct DuplicatesViewModelInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::DuplicatesViewModel)
+    QML_NAMED_ELEMENT(DuplicatesViewModel)
+    QML_UNCREATABLE("Made by the program's entry")
 };
 
 struct FolderChooserInQML {
