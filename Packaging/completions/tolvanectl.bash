@@ -2,11 +2,11 @@
 
 _tolvanectl() {
     local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' each
-    local commands='scan size access duplicates trash restore log' options='--help --json --version'
+    local commands='scan size access duplicates trash restore ports kill log' options='--help --json --version'
 
     for each in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $each in
-        scan | size | access | duplicates | trash | restore | log)
+        scan | size | access | duplicates | trash | restore | ports | kill | log)
             command=$each
             break
             ;;
@@ -16,12 +16,14 @@ _tolvanectl() {
     scan) options+=' --detailed --set --depth --top --svg --size' ;;
     duplicates) options+=' --minimum-size --include-hidden --exclude --print0' ;;
     trash) options+=' --within --dry-run' ;;
+    ports) options+=' --watch' ;;
+    kill) options+=' --pid --force --tree --yes' ;;
     log) options+=' --bytes' ;;
     esac
 
     COMPREPLY=()
     case $previous in
-    --set | --depth | --top | --size | --minimum-size | --bytes) return ;;
+    --set | --depth | --top | --size | --minimum-size | --pid | --bytes) return ;;
     --within | --exclude)
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -d -- "$word")

@@ -1,6 +1,6 @@
 # Completion of tolvanectl for fish.
 
-set -l commands scan size access duplicates trash restore log
+set -l commands scan size access duplicates trash restore ports kill log
 
 complete -c tolvanectl -f
 complete -c tolvanectl -s h -l help -d 'Print the options and exit'
@@ -13,6 +13,8 @@ complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a access 
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a duplicates -d 'Find files of equal content'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a trash -d 'Move items to the Trash'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a restore -d 'Put back what trash moved'
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a ports -d 'List the processes that listen on the network'
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a kill -d 'End the processes that listen on a port'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a log -d "Show the end of the application's log"
 
 complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -l detailed -d 'Keep many more files of each folder'
@@ -32,4 +34,9 @@ complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -x -l within -a '(
 complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -l dry-run -d 'Only tell what would be moved'
 complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -F
 complete -c tolvanectl -n '__fish_seen_subcommand_from restore' -F
+complete -c tolvanectl -n '__fish_seen_subcommand_from ports' -l watch -d 'Look again every 4.5 seconds'
+complete -c tolvanectl -n '__fish_seen_subcommand_from kill' -x -l pid -a '(__fish_complete_pids)' -d 'Signal the listening process with this number'
+complete -c tolvanectl -n '__fish_seen_subcommand_from kill' -l force -d 'Send SIGKILL'
+complete -c tolvanectl -n '__fish_seen_subcommand_from kill' -l tree -d 'Signal all descendants first'
+complete -c tolvanectl -n '__fish_seen_subcommand_from kill' -l yes -d 'Do not ask'
 complete -c tolvanectl -n '__fish_seen_subcommand_from log' -x -l bytes -d "How much of the log's end to print"

@@ -2,11 +2,14 @@
 #include <HostKit/Text.h>
 
 #include <unicode/bytestream.h>
+#include <unicode/locid.h>
 #include <unicode/normalizer2.h>
+#include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <optional>
 
@@ -31,6 +34,11 @@ std::size_t codePointLength(std::string_view bytes) {
 
 bool isASCII(char byte) {
     return static_cast<unsigned char>(byte) < 0x80;
+}
+
+char lowercasedASCII(char byte) {
+    const bool isCapital = byte >= 'A' && byte <= 'Z';
+    return isCapital ? static_cast<char>(byte - 'A' + 'a') : byte;
 }
 
 /// Whether `bytes` has an ASCII character, or its end, at `position` and behind it. Normalisation
@@ -94,6 +102,19 @@ std::string displayText(std::string_view bytes) {
         text += length == 0 ? replacementCharacter : bytes.substr(0, length);
         bytes.remove_prefix(std::max<std::size_t>(length, 1));
     }
+    return text;
+}
+
+std::string lowercased(std::string_view bytes) {
+    std::string text;
+    if (std::all_of(bytes.begin(), bytes.end(), isASCII)) {
+        std::transform(bytes.begin(), bytes.end(), std::back_inserter(text), lowercasedASCII);
+        return text;
+    }
+    text = displayText(bytes);
+    icu::UnicodeString units = icu::UnicodeString::fromUTF8(text);
+    text.clear();
+    units.toLower(icu::Locale::getRoot()).toUTF8String(text);
     return text;
 }
 

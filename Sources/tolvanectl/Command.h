@@ -28,7 +28,9 @@ class Command {
 
 std::unique_ptr<Command> makeAccessCommand();
 std::unique_ptr<Command> makeDuplicatesCommand();
+std::unique_ptr<Command> makeKillCommand();
 std::unique_ptr<Command> makeLogCommand();
+std::unique_ptr<Command> makePortsCommand();
 std::unique_ptr<Command> makeRestoreCommand();
 std::unique_ptr<Command> makeScanCommand();
 std::unique_ptr<Command> makeSizeCommand();

@@ -30,6 +30,17 @@ class Console {
     ProgressLine& progress() { return progress_; }
     /// `text` in this style where standard output is a terminal that knows styles.
     std::string styled(Style style, std::string_view text) const;
+    /// Whether standard output is a terminal, and one that can be wiped.
+    bool hasScreen() const { return hasScreen_; }
+    /// What wipes it, for the next picture.
+    static std::string_view wipe() { return "\x1b[H\x1b[2J"; }
+    /// Whether people can be asked: both ways lead to a terminal.
+    static bool canAsk();
+    /// Waits until there is something to read; false when cancelled before.
+    bool waitForInput(int file) const;
+    /// Puts a question on standard error and waits for a line of standard input; false unless that
+    /// begins with "y", also when cancelled.
+    bool ask(std::string_view question);
     /// One line on standard error; raw bytes are made text.
     void complain(std::string_view line);
     /// Complains and gives `Exit::failed`.
@@ -39,6 +50,7 @@ class Console {
 
   private:
     bool writesJSON_ = false;
+    bool hasScreen_ = false;
     bool usesStyles_ = false;
     CancellationFlag cancellation_;
     Output out_;

@@ -53,6 +53,19 @@ JSON toJson(const FullDiskAccessStatus& status) {
             {"guidance", status.guidance()}};
 }
 
+JSON toJson(const PortListener& listener) {
+    JSON object = {{"id", listener.id()}, {"pid", listener.pid}};
+    object["processName"] = listener.processName;
+    object["executablePath"] = JSON();
+    if (listener.executablePath) {
+        putPath(object, "executablePath", *listener.executablePath);
+    }
+    object["port"] = listener.port;
+    object["addresses"] = listener.addresses;
+    object["protocolName"] = listener.protocolName;
+    return object;
+}
+
 JSON toJson(const RemovalReceipt& receipt) {
     JSON object = {{"id", text(receipt.id)}};
     putPath(object, "original", receipt.original.path());

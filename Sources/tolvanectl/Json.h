@@ -5,6 +5,7 @@
 #include <CleanupKit/RemovalReceipt.h>
 #include <HostKit/FileURL.h>
 #include <HostKit/Result.h>
+#include <PortKit/PortListener.h>
 #include <ScanKit/FullDiskAccess.h>
 
 #include <nlohmann/json.hpp>
@@ -25,6 +26,7 @@ void putPath(JSON& object, const std::string& key, std::string_view bytes);
 JSON pathElement(std::string_view bytes);
 
 JSON toJson(const FullDiskAccessStatus& status);
+JSON toJson(const PortListener& listener);
 JSON toJson(const RemovalReceipt& receipt);
 
 /// The receipts of a document that `trash` printed, or what is wrong with it. Bytes go before text.

@@ -8,7 +8,6 @@
 
 #include <CLI/CLI.hpp>
 #include <fcntl.h>
-#include <poll.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -16,23 +15,11 @@
 namespace tolvane {
 namespace {
 
-/// Waits for input in small steps, so that a cancellation is noticed.
-bool waitForInput(int file, const Console& console) {
-    constexpr int milliseconds = 100;
-    while (!console.isCancelled()) {
-        pollfd waiting{.fd = file, .events = POLLIN, .revents = 0};
-        if (::poll(&waiting, 1, milliseconds) != 0) {
-            return true;
-        }
-    }
-    return false;
-}
-
 /// Everything until the end of the file or a cancellation.
 Result<std::string, SystemError> readAll(int file, const Console& console) {
     std::string content;
     char piece[65'536];
-    while (waitForInput(file, console)) {
+    while (console.waitForInput(file)) {
         const ssize_t count = ::read(file, piece, sizeof piece);
         if (count > 0) {
             content.append(piece, static_cast<std::size_t>(count));

@@ -26,13 +26,15 @@ struct Entry {
     std::unique_ptr<Command> (*make)();
 };
 
-constexpr std::array<Entry, 7> commands{{
+constexpr std::array<Entry, 9> commands{{
     {"scan", "Show what fills a folder", makeScanCommand},
     {"size", "Measure single items", makeSizeCommand},
     {"access", "Tell whether everything may be read", makeAccessCommand},
     {"duplicates", "Find files of equal content", makeDuplicatesCommand},
     {"trash", "Move items to the Trash", makeTrashCommand},
     {"restore", "Put back what trash moved", makeRestoreCommand},
+    {"ports", "List the processes that listen on the network", makePortsCommand},
+    {"kill", "End the processes that listen on a port", makeKillCommand},
     {"log", "Show the end of the application's log", makeLogCommand},
 }};
 
@@ -135,6 +137,8 @@ Exit run(int argumentCount, char** arguments) {
 int main(int argumentCount, char** arguments) {
     tolvane::fillMissingStreams();
     std::signal(SIGPIPE, SIG_IGN);
+    // Ignored, it would keep the ends of our children from us.
+    std::signal(SIGCHLD, SIG_DFL);
     try {
         return static_cast<int>(tolvane::run(argumentCount, arguments));
     } catch (const std::exception& error) {

@@ -32,6 +32,11 @@ TEST(Text, showsAndCountsEveryBadByteAsOneCharacter) {
     }
 }
 
+TEST(Text, isLowercasedInEveryScriptAndLocale) {
+    EXPECT_EQ(lowercased("AZ[az-09"), "az[az-09");
+    EXPECT_EQ(lowercased("\u00c9T\u00c9 \u0416 I\xff"), "\u00e9t\u00e9 \u0436 i\uFFFD");
+}
+
 TEST(Text, knowsSpellingsOfOneText) {
     struct Case {
         std::string_view a;

@@ -42,6 +42,16 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
                                     "trash --within '' f",
                                     "access now",
                                     "log --bytes -1",
+                                    "ports a b",
+                                    "ports --watch",
+                                    "kill",
+                                    "kill --yes",
+                                    "kill 0 --yes",
+                                    "kill 65536 --yes",
+                                    "kill http --yes",
+                                    "kill 1 --pid 1 --yes",
+                                    "kill --pid 1x --yes",
+                                    "kill 1",
                                     "restore a b",
                                     "restore ''"}) {
         const CommandResult result = runIn("exec \"$@\" --json " + words, {});
@@ -57,7 +67,8 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
 }
 
 TEST_F(CommandLine, answersHelpAndVersionAtEveryLevel) {
-    for (const std::string command : {"", "scan", "size", "access", "trash", "restore", "log"}) {
+    for (const std::string command :
+         {"", "scan", "size", "access", "trash", "restore", "ports", "kill", "log"}) {
         for (const char* const option : {" --help", " --version"}) {
             std::string line = "exec \"$@\" " + command;
             line += option;

@@ -12,4 +12,10 @@ std::string brokenTrashInfoPromise(std::string_view bytes);
 /// The same about standardised paths.
 std::string brokenPathPromise(std::string_view bytes);
 
+/// The same about what lsof prints.
+std::string brokenListenersPromise(std::string_view bytes);
+
+/// The same about what ps prints.
+std::string brokenProcessTreePromise(std::string_view bytes);
+
 }

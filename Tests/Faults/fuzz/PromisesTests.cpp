@@ -9,7 +9,22 @@
 namespace tolvane {
 namespace {
 
-/// Bytes put together of what the formats treat as special and of any others, the same in each run.
+/// Bytes put together of what a format treats as special and of any others, the same in each run.
+std::vector<std::string> fixedInputs(const std::vector<std::string>& parts) {
+    std::mt19937 random(20261115);
+    std::vector<std::string> inputs = oddNames();
+    for (int count = 0; count < 20000; ++count) {
+        std::string input = random() % 2 == 0 ? parts.front() : "";
+        for (std::size_t length = random() % 12; length > 0; --length) {
+            const std::size_t choice = random() % (parts.size() + 3);
+            const auto anyByte = static_cast<char>(choice == parts.size() ? 0 : random() % 256);
+            input += choice < parts.size() ? parts[choice] : std::string(1, anyByte);
+        }
+        inputs.push_back(std::move(input));
+    }
+    return inputs;
+}
+
 TEST(Promises, aboutTrashInfosAndPathsHoldForFixedInputs) {
     const std::vector<std::string> parts = {"[Trash Info]\n",
                                             "Path=",
@@ -32,20 +47,23 @@ TEST(Promises, aboutTrashInfosAndPathsHoldForFixedInputs) {
                                             std::string(120, 'x'),
                                             "\xff",
                                             std::string(90, '.')};
-    std::mt19937 random(20261115);
-    std::vector<std::string> inputs = oddNames();
-    for (int count = 0; count < 20000; ++count) {
-        std::string input = random() % 2 == 0 ? parts.front() : "";
-        for (std::size_t length = random() % 12; length > 0; --length) {
-            const std::size_t choice = random() % (parts.size() + 3);
-            const auto anyByte = static_cast<char>(choice == parts.size() ? 0 : random() % 256);
-            input += choice < parts.size() ? parts[choice] : std::string(1, anyByte);
-        }
-        inputs.push_back(std::move(input));
-    }
-    for (const std::string& input : inputs) {
+    for (const std::string& input : fixedInputs(parts)) {
         ASSERT_EQ(brokenTrashInfoPromise(input), "") << testing::PrintToString(input);
         ASSERT_EQ(brokenPathPromise(input), "") << testing::PrintToString(input);
+    }
+}
+
+TEST(Promises, aboutListenersAndProcessTreesHoldForFixedInputs) {
+    const std::vector<std::string> listeners = {
+        "p1\n", "p2\n", "p", "n*:80\n", "n[::1]:7\n", "n", "c",     "cname", "P",   "PTCP\n",
+        "f3\n", "\n",   ":", "-",       "+",          "0", "99999", "\r",    "\xc3"};
+    for (const std::string& input : fixedInputs(listeners)) {
+        ASSERT_EQ(brokenListenersPromise(input), "") << testing::PrintToString(input);
+    }
+    const std::vector<std::string> processes = {
+        "2 1\n", "3 2\n", "1 3\n", "4 2\n", "2", "3", " ", "\t", "\n", "-", "9999999999", "1"};
+    for (const std::string& input : fixedInputs(processes)) {
+        ASSERT_EQ(brokenProcessTreePromise(input), "") << testing::PrintToString(input);
     }
 }
 
