@@ -81,6 +81,8 @@ class DuplicatesViewModelTests : public testing::Test {
         return texts(*controller->removal()->rows(), "warning");
     }
 
+    /// Outlives the workers, which may come to it late.
+    Gate gate;
     ControllerHome home;
     Environment environment = home.environment();
     std::unique_ptr<DuplicatesViewModel> controller;
@@ -161,7 +163,6 @@ TEST_F(DuplicatesViewModelTests, showsGroupsAndTicksAllButTheFirstOfEach) {
 TEST_F(DuplicatesViewModelTests, publishesOnlyTheLatestScanAndWhatACancelledOneFound) {
     write({"a", "b"}, "same");
     home.write("held/x", "1");
-    Gate gate;
     start(gated(gate, home.files, home.url("held")));
     controller->scanPath(QString::fromStdString(home.path("held")));
     scan();

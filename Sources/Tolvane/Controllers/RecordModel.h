@@ -58,6 +58,23 @@ class RecordModel final : public ListModel {
         publishCount();
     }
 
+    /// The very same rows, of each of which anything but the key may be new. Compares nothing, and
+    /// so is fast for any number of rows.
+    void replace(std::vector<Record> records) {
+        records_ = std::move(records);
+        if (!records_.empty()) {
+            Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+        }
+    }
+
+    /// `row` must exist.
+    void remove(int row) {
+        beginRemoveRows({}, row, row);
+        records_.erase(at(row));
+        endRemoveRows();
+        publishCount();
+    }
+
     int rowCount(const QModelIndex& parent = {}) const override {
         return parent.isValid() ? 0 : static_cast<int>(records_.size());
     }

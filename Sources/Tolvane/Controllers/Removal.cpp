@@ -37,11 +37,6 @@ bool isWarned(const ReviewRow& row) {
     return !row.warning.isEmpty();
 }
 
-QString found(const std::map<std::string, std::string>& texts, const ReviewRow& row) {
-    const auto text = texts.find(row.item.id);
-    return text == texts.end() ? QString() : shownText(text->second);
-}
-
 Cleaner cleanerOf(const Environment& environment) {
     return Cleaner(ProtectionPolicy(environment.layout.protection),
                    environment.layout.locations.home, environment.files, environment.trash);
@@ -70,6 +65,17 @@ Result<std::vector<RemovalReceipt>, RemovalError> moveAll(const Cleaner& cleaner
     return receipts;
 }
 
+/// What keeps an item from being moved; empty when nothing is known of that kind.
+QString troubleOf(const ReviewItem& item, const Cleaner& cleaner, const std::vector<FileURL>& roots,
+                  bool allowProtected, const std::optional<RemovalError>& failure) {
+    const auto valid = cleaner.validate({item.url}, roots, allowProtected);
+    if (!valid) {
+        return shownText(valid.error().description());
+    }
+    const bool hasFailed = failure && valid->front().path() == failure->path;
+    return hasFailed ? shownText(failure->description()) : QString();
+}
+
 }
 
 Removal::Removal(const Environment& environment, Handlers handlers)
@@ -77,7 +83,8 @@ Removal::Removal(const Environment& environment, Handlers handlers)
     , handlers_(std::move(handlers))
     , rows_(roles(), key)
     , checking_(
-          environment.workers, 0, {}, [this](const Findings& findings) { showFindings(findings); },
+          environment.workers, 0, {},
+          [this](Findings findings) { showFindings(std::move(findings)); },
           // Nothing is known then of what is in the way; the removal itself will tell.
           [this](const std::string&) { isChecking_ = false; })
     , removing_(
@@ -145,46 +152,26 @@ void Removal::check() {
     checking_.start([cleaner = cleaner_, items = reviewItems(), roots = roots_,
                      allowProtected = allowProtected_, examiner = examiner_,
                      failure = failure_](const auto&, const std::function<bool()>& isCancelled) {
-        Findings findings;
-        findings.troubles = troubles(cleaner, items, roots, allowProtected, failure, isCancelled);
-        if (examiner) {
-            findings.warnings = examiner(items, isCancelled);
+        const Warnings warnings = examiner ? examiner(items, isCancelled) : Warnings();
+        Findings findings{{}, shownText(warnings.all)};
+        findings.rows.reserve(items.size());
+        for (const ReviewItem& item : items) {
+            if (isCancelled()) {
+                break;
+            }
+            const auto warning = warnings.rows.find(item.id);
+            findings.rows.push_back(
+                {item, troubleOf(item, cleaner, roots, allowProtected, failure),
+                 warning == warnings.rows.end() ? QString() : shownText(warning->second)});
         }
         return findings;
     });
 }
 
-Removal::Troubles Removal::troubles(const Cleaner& cleaner, const std::vector<ReviewItem>& items,
-                                    const std::vector<FileURL>& roots, bool allowProtected,
-                                    const std::optional<RemovalError>& failure,
-                                    const std::function<bool()>& isCancelled) {
-    Troubles troubles;
-    for (const ReviewItem& item : items) {
-        if (isCancelled()) {
-            break;
-        }
-        if (const auto valid = cleaner.validate({item.url}, roots, allowProtected); !valid) {
-            troubles[item.id] = valid.error().description();
-        } else if (failure && valid->front().path() == failure->path) {
-            troubles[item.id] = failure->description();
-        }
-    }
-    return troubles;
-}
-
-void Removal::showFindings(const Findings& findings) {
-    std::vector<ReviewRow> rows = rows_.records();
-    for (ReviewRow& row : rows) {
-        row.trouble = found(findings.troubles, row);
-        row.warning = found(findings.warnings.rows, row);
-    }
-    warningText_ = shownText(findings.warnings.all);
+void Removal::showFindings(Findings findings) {
+    rows_.replace(std::move(findings.rows));
+    warningText_ = findings.warningText;
     isChecking_ = false;
-    show(std::move(rows));
-}
-
-void Removal::show(std::vector<ReviewRow> rows) {
-    rows_.update(std::move(rows));
     publishCounts();
 }
 
@@ -257,14 +244,14 @@ void Removal::endReview() {
     showReview_ = false;
     warningText_ = QString();
     examiner_ = {};
-    show({});
+    rows_.reset({});
+    publishCounts();
 }
 
 void Removal::leaveOut(int row) {
-    std::vector<ReviewRow> rows = rows_.records();
-    if (!isRemoving_ && row >= 0 && row < static_cast<int>(rows.size())) {
-        rows.erase(rows.begin() + row);
-        leave(std::move(rows));
+    if (!isRemoving_ && row >= 0 && row < rows_.rowCount()) {
+        rows_.remove(row);
+        shrink();
     }
 }
 
@@ -272,15 +259,17 @@ void Removal::leaveOutTroubled() {
     if (!isRemoving_) {
         std::vector<ReviewRow> rows = rows_.records();
         rows.erase(std::remove_if(rows.begin(), rows.end(), isTroubled), rows.end());
-        leave(std::move(rows));
+        rows_.update(std::move(rows));
+        shrink();
     }
 }
 
-void Removal::leave(std::vector<ReviewRow> rows) {
-    show(std::move(rows));
+void Removal::shrink() {
+    publishCounts();
     showReview_ = showReview_ && rows_.rowCount() > 0;
-    // What speaks against a row may hang on what becomes of the others.
-    if (examiner_) {
+    // What a running job finds would be of the rows before, and what speaks against a row may hang
+    // on what becomes of the others.
+    if (isChecking_ || examiner_) {
         check();
     }
 }

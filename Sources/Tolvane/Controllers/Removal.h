@@ -114,21 +114,16 @@ class Removal : public QObject {
   private:
     struct Nothing {};
     using Removed = Result<std::vector<RemovalReceipt>, RemovalError>;
-    /// What is in the way of items, by their ids.
-    using Troubles = std::map<std::string, std::string>;
+    /// The rows as they should be shown, which are those that were looked at.
     struct Findings {
-        Troubles troubles;
-        Warnings warnings;
+        std::vector<ReviewRow> rows;
+        QString warningText;
     };
 
     void check();
-    static Troubles troubles(const Cleaner& cleaner, const std::vector<ReviewItem>& items,
-                             const std::vector<FileURL>& roots, bool allowProtected,
-                             const std::optional<RemovalError>& failure,
-                             const std::function<bool()>& isCancelled);
-    void showFindings(const Findings& findings);
-    void leave(std::vector<ReviewRow> rows);
-    void show(std::vector<ReviewRow> rows);
+    void showFindings(Findings findings);
+    /// Rows were left out.
+    void shrink();
     void publishCounts();
     void endReview();
     void finishRemoval(Removed outcome);
