@@ -1,5 +1,7 @@
 #include <HostKit/HostLayout.h>
 
+#include <algorithm>
+
 namespace tolvane {
 namespace {
 
@@ -11,6 +13,61 @@ FileURL folderFrom(const EnvironmentVariables& environment, const std::string& v
     const auto found = environment.find(variable);
     const bool isSet = found != environment.end() && found->second.starts_with('/');
     return isSet ? FileURL(found->second).standardized() : usual;
+}
+
+/// The absolute folders that the variable lists.
+std::vector<FileURL> foldersFrom(const EnvironmentVariables& environment,
+                                 const std::string& variable, std::string_view usual) {
+    const auto found = environment.find(variable);
+    const bool isSet = found != environment.end() && !found->second.empty();
+    std::string_view rest = isSet ? std::string_view(found->second) : usual;
+    std::vector<FileURL> folders;
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find(':'), rest.size());
+        if (rest.starts_with('/')) {
+            folders.push_back(FileURL(std::string(rest.substr(0, end))).standardized());
+        }
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return folders;
+}
+
+std::string localeOfTexts(const EnvironmentVariables& environment) {
+    for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const auto found = environment.find(name);
+        if (found != environment.end() && !found->second.empty()) {
+            return found->second;
+        }
+    }
+    return "C";
+}
+
+ApplicationPlaces applicationPlaces(const FileURL& data, const EnvironmentVariables& environment) {
+    return {.format = BundleFormat::desktopEntry,
+            .folders = {"Applications", "AppImages", ".local/opt", ".local/bin"},
+            .systemFolders = {"/opt"},
+            .systemPrefixes = {"/System", "/usr", "/opt"},
+            .launchers = data.appending("applications"),
+            .programFolders = foldersFrom(environment, "PATH", ""),
+            .locale = localeOfTexts(environment),
+            .leftOut = "Programs that came as packages are not listed: remove them with the "
+                       "system's package manager, flatpak or snap."};
+}
+
+/// Where launchers of programs lie that somebody else than the user installed.
+std::vector<FileURL> launchersOfOthers(const FileURL& data,
+                                       const EnvironmentVariables& environment) {
+    std::vector<FileURL> folders;
+    for (const FileURL& shared :
+         foldersFrom(environment, "XDG_DATA_DIRS", "/usr/local/share:/usr/share")) {
+        if (shared != data) {
+            folders.push_back(shared.appending("applications"));
+        }
+    }
+    folders.push_back(FileURL("/var/lib/flatpak/exports/share/applications"));
+    folders.push_back(data.appending("flatpak/exports/share/applications"));
+    folders.push_back(FileURL("/var/lib/snapd/desktop/applications"));
+    return folders;
 }
 
 }
@@ -39,6 +96,7 @@ HostLayout HostLayout::darwin(const FileURL& home) {
     HostLayout layout;
     layout.locations = {.home = home,
                         .libraryDirectory = library,
+                        .systemLibrary = FileURL("/Library"),
                         .downloads = downloads,
                         .userDefaultsFile = library.appending("Preferences/Tolvane.plist"),
                         .homeTrash = home.appending(".Trash"),
@@ -48,6 +106,10 @@ HostLayout HostLayout::darwin(const FileURL& home) {
         {"Mail", home.appending("Library/Mail")},
         {"Safari history", home.appending("Library/Safari/History.db")}};
     layout.exclusions.usesMountTable = false;
+    layout.applications = {.folders = {"/Applications", "Applications"},
+                           .systemFolders = {"/System/Applications"},
+                           .systemPrefixes = {"/System"}};
+    layout.leftovers = LeftoverTable::darwin();
     layout.quickLocations = {{"Home", "house", home},
                              {"Downloads", "arrow.down.circle", downloads},
                              {"Applications", "square.grid.2x2", FileURL("/Applications")},
@@ -68,6 +130,7 @@ HostLayout HostLayout::freedesktop(const FileURL& home, const EnvironmentVariabl
     HostLayout layout;
     layout.locations = {.home = home,
                         .libraryDirectory = state,
+                        .systemLibrary = FileURL("/"),
                         .downloads = downloads,
                         .userDefaultsFile = config.appending("Tolvane/Tolvane.conf"),
                         .homeTrash = data.appending("Trash"),
@@ -84,6 +147,9 @@ HostLayout HostLayout::freedesktop(const FileURL& home, const EnvironmentVariabl
         .additionalExactPaths = {"/home", "/root", "/media", "/mnt", "/srv", "/tmp", "/run",
                                  "/run/media"}};
     layout.exclusions.usesMountTable = true;
+    layout.applications = applicationPlaces(data, environment);
+    layout.leftovers = LeftoverTable::freedesktop({home, data, config, cache, state},
+                                                  launchersOfOthers(data, environment));
     layout.quickLocations = {{"Home", "house", home},
                              {"Downloads", "arrow.down.circle", downloads},
                              {"Applications", "square.grid.2x2", home.appending("Applications")},

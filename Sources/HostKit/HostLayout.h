@@ -1,6 +1,8 @@
 #pragma once
 
+#include <HostKit/ApplicationPlaces.h>
 #include <HostKit/FileURL.h>
+#include <HostKit/LeftoverTable.h>
 #include <HostKit/Tool.h>
 
 #include <cstdint>
@@ -22,6 +24,8 @@ struct HostLayout {
         FileURL home;
         /// Holds "Logs" with the application's log and the crash reports.
         FileURL libraryDirectory;
+        /// Above all that programs keep for the whole system.
+        FileURL systemLibrary;
         FileURL downloads;
         FileURL userDefaultsFile;
         /// The Trash of the volume that the home folder lies on.
@@ -74,6 +78,8 @@ struct HostLayout {
     Access access;
     Protection protection;
     Exclusions exclusions;
+    ApplicationPlaces applications;
+    LeftoverTable leftovers;
     std::vector<QuickPlace> quickLocations;
     Tools tools;
     Sources sources;

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+/// What a property list must keep to before it may reach the library that reads it. That one
+/// follows every reference of a binary list anew and walks nested values on the stack, so a few
+/// hundred bytes could take all memory or end the program.
+namespace tolvane::PropertyListBounds {
+
+/// Whether reading the bytes costs little, whatever they say. Most bytes that are no property list
+/// are refused as well; the rest is the library's business.
+bool holdFor(std::string_view bytes);
+
+}
