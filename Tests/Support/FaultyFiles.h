@@ -13,7 +13,7 @@ enum class FileOperation { openDirectory, openFile, readFile };
 
 /// A file manager in front of another one: before each of these operations a test may do something
 /// to the disk, or give the error that it ends with.
-class FaultyFiles final : public FileManager {
+class FaultyFiles : public FileManager {
   public:
     using Fault =
         std::function<std::optional<SystemError>(FileOperation operation, const FileURL& url)>;
