@@ -2,11 +2,11 @@
 
 _tolvanectl() {
     local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' each
-    local commands='scan size access duplicates trash restore ports kill log' options='--help --json --version'
+    local commands='scan size access duplicates apps leftovers trash restore ports kill log' options='--help --json --version'
 
     for each in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $each in
-        scan | size | access | duplicates | trash | restore | ports | kill | log)
+        scan | size | access | duplicates | apps | leftovers | trash | restore | ports | kill | log)
             command=$each
             break
             ;;
@@ -15,6 +15,8 @@ _tolvanectl() {
     case $command in
     scan) options+=' --detailed --set --depth --top --svg --size' ;;
     duplicates) options+=' --minimum-size --include-hidden --exclude --print0' ;;
+    apps) options+=' --system --sizes' ;;
+    leftovers) options+=' --system-level' ;;
     trash) options+=' --within --dry-run' ;;
     ports) options+=' --watch' ;;
     kill) options+=' --pid --force --tree --yes' ;;

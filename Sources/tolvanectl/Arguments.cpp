@@ -27,6 +27,10 @@ std::string pathError(const std::string& text) {
     return text.empty() ? "An empty path names nothing" : "";
 }
 
+std::string identifierError(const std::string& text) {
+    return text.empty() ? "An empty identifier names nothing" : "";
+}
+
 std::string countError(const std::string& text) {
     std::int64_t value = 0;
     const char* end = text.data() + text.size();

@@ -12,6 +12,9 @@ std::vector<std::string> plainArguments(int count, char** values);
 /// wrong with it, empty when nothing is.
 std::string pathError(const std::string& text);
 
+/// Checks the identifier of an application in the same way.
+std::string identifierError(const std::string& text);
+
 /// Checks the value of an option that counts something: what is wrong with it, empty when nothing
 /// is.
 std::string countError(const std::string& text);

@@ -27,8 +27,10 @@ class Command {
 };
 
 std::unique_ptr<Command> makeAccessCommand();
+std::unique_ptr<Command> makeAppsCommand();
 std::unique_ptr<Command> makeDuplicatesCommand();
 std::unique_ptr<Command> makeKillCommand();
+std::unique_ptr<Command> makeLeftoversCommand();
 std::unique_ptr<Command> makeLogCommand();
 std::unique_ptr<Command> makePortsCommand();
 std::unique_ptr<Command> makeRestoreCommand();

@@ -53,6 +53,32 @@ JSON toJson(const FullDiskAccessStatus& status) {
             {"guidance", status.guidance()}};
 }
 
+JSON toJson(const InstalledApp& app) {
+    JSON object = JSON::object();
+    putPath(object, "id", app.id());
+    putPath(object, "name", app.name);
+    putPath(object, "bundleID", app.bundleID);
+    putPath(object, "version", app.version);
+    putPath(object, "teamID", app.teamID);
+    putPath(object, "path", app.url.path());
+    object["isSystem"] = app.isSystem;
+    JSON& associated = object["associatedBundleIDs"] = JSON::array();
+    for (const std::string& identifier : app.associatedBundleIDs) {
+        associated.push_back(pathElement(identifier));
+    }
+    return object;
+}
+
+JSON toJson(const LeftoverItem& item) {
+    JSON object = JSON::object();
+    putPath(object, "id", item.id());
+    putPath(object, "path", item.url.path());
+    object["kind"] = item.kind;
+    object["size"] = item.size;
+    object["isProtected"] = item.isProtected;
+    return object;
+}
+
 JSON toJson(const PortListener& listener) {
     JSON object = {{"id", listener.id()}, {"pid", listener.pid}};
     object["processName"] = listener.processName;

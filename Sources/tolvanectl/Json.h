@@ -8,6 +8,8 @@
 #include <PortKit/PortListener.h>
 #include <ScanKit/FullDiskAccess.h>
 
+#include <UninstallerKit/InstalledApp.h>
+#include <UninstallerKit/LeftoverItem.h>
 #include <nlohmann/json.hpp>
 
 #include <string>
@@ -26,6 +28,8 @@ void putPath(JSON& object, const std::string& key, std::string_view bytes);
 JSON pathElement(std::string_view bytes);
 
 JSON toJson(const FullDiskAccessStatus& status);
+JSON toJson(const InstalledApp& app);
+JSON toJson(const LeftoverItem& item);
 JSON toJson(const PortListener& listener);
 JSON toJson(const RemovalReceipt& receipt);
 

@@ -26,11 +26,13 @@ struct Entry {
     std::unique_ptr<Command> (*make)();
 };
 
-constexpr std::array<Entry, 9> commands{{
+constexpr std::array<Entry, 11> commands{{
     {"scan", "Show what fills a folder", makeScanCommand},
     {"size", "Measure single items", makeSizeCommand},
     {"access", "Tell whether everything may be read", makeAccessCommand},
     {"duplicates", "Find files of equal content", makeDuplicatesCommand},
+    {"apps", "List the installed applications", makeAppsCommand},
+    {"leftovers", "Show what an application leaves behind", makeLeftoversCommand},
     {"trash", "Move items to the Trash", makeTrashCommand},
     {"restore", "Put back what trash moved", makeRestoreCommand},
     {"ports", "List the processes that listen on the network", makePortsCommand},

@@ -36,6 +36,10 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
                                     "scan . --svg ''",
                                     "size",
                                     "size f ''",
+                                    "apps now",
+                                    "leftovers",
+                                    "leftovers ''",
+                                    "leftovers a b",
                                     "trash f",
                                     "trash --within .",
                                     "trash --within .. ''",
@@ -67,8 +71,8 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
 }
 
 TEST_F(CommandLine, answersHelpAndVersionAtEveryLevel) {
-    for (const std::string command :
-         {"", "scan", "size", "access", "trash", "restore", "ports", "kill", "log"}) {
+    for (const std::string command : {"", "scan", "size", "access", "apps", "leftovers", "trash",
+                                      "restore", "ports", "kill", "log"}) {
         for (const char* const option : {" --help", " --version"}) {
             std::string line = "exec \"$@\" " + command;
             line += option;
