@@ -3,6 +3,7 @@
 /// print the result. `--large` adds trees of a million and of three million files.
 
 #include "BareWalk.h"
+#include "Contenders.h"
 #include "MadeTree.h"
 
 #include <HostKit/FileManager.h>
@@ -10,90 +11,18 @@
 #include <ScanKit/FileTreeScanner.h>
 
 #include <fmt/format.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
-#include <functional>
 #include <iterator>
-#include <sstream>
 #include <vector>
 
 namespace tolvane {
 namespace {
 
-struct Cost {
-    double seconds = 0;
-    long peakKibibytes = 0;
-};
-
-double cpuSeconds(const rusage& usage) {
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
-/// Runs the work in a process of its own, so that neither its memory nor its caches meet another's.
-Cost inOwnProcess(const std::function<void()>& work) {
-    std::fflush(nullptr);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        work();
-        std::fflush(nullptr);
-        ::_exit(0);
-    }
-    int status = 0;
-    rusage usage{};
-    ::wait4(child, &status, 0, &usage);
-    if (status != 0) {
-        fmt::print(stderr, "a measured process failed with status {}\n", status);
-        std::exit(1);
-    }
-    return {cpuSeconds(usage), usage.ru_maxrss};
-}
-
-struct Contender {
-    std::string name;
-    std::function<void()> work;
-};
-
-/// The best of several rounds, the contenders in turn within each.
-std::vector<Cost> measure(const std::vector<Contender>& contenders, int rounds) {
-    std::vector<Cost> best(contenders.size(), Cost{1e9, 0});
-    for (int round = 0; round <= rounds; ++round) {
-        for (std::size_t index = 0; index < contenders.size(); ++index) {
-            const Cost cost = inOwnProcess(contenders[index].work);
-            // The first round only warms the cache.
-            if (round > 0) {
-                best[index].seconds = std::min(best[index].seconds, cost.seconds);
-                best[index].peakKibibytes = std::max(best[index].peakKibibytes, cost.peakKibibytes);
-            }
-        }
-    }
-    return best;
-}
-
 ScanOutcome scan(const std::string& tree, const ScanOptions& options) {
     FileTreeScanner scanner(options, systemFileManager(HostLayout::current()));
     return scanner.scan(FileURL(tree));
-}
-
-/// Becomes another program, its output thrown away.
-void become(std::vector<std::string> command) {
-    std::vector<char*> arguments;
-    arguments.reserve(command.size() + 1);
-    for (std::string& argument : command) {
-        arguments.push_back(argument.data());
-    }
-    arguments.push_back(nullptr);
-    if (std::freopen("/dev/null", "w", stdout) != nullptr) {
-        ::execvp(arguments.front(), arguments.data());
-    }
-    ::_exit(127);
 }
 
 Contender bare(const std::string& tree) {
@@ -112,18 +41,6 @@ Contender du(const std::string& tree) {
     return {"du -s", [tree] { become({"du", "-s", tree}); }};
 }
 
-bool isInstalled(const std::string& program) {
-    const char* variable = std::getenv("PATH");
-    std::istringstream folders(variable == nullptr ? "" : variable);
-    for (std::string folder; std::getline(folders, folder, ':');) {
-        folder.append("/").append(program);
-        if (::access(folder.c_str(), X_OK) == 0) {
-            return true;
-        }
-    }
-    return false;
-}
-
 /// Other programs that measure folders, those of them that this machine has.
 std::vector<Contender> peers(const std::string& tree) {
     const std::vector<std::vector<std::string>> commands{
@@ -133,12 +50,8 @@ std::vector<Contender> peers(const std::string& tree) {
         {"dust", "-d", "0", tree},
         {"diskus", tree},
     };
-    std::vector<Contender> found{du(tree)};
-    for (const std::vector<std::string>& command : commands) {
-        if (isInstalled(command.front())) {
-            found.push_back({command.front(), [command] { become(command); }});
-        }
-    }
+    std::vector<Contender> found = installed(commands);
+    found.insert(found.begin(), du(tree));
     return found;
 }
 
@@ -165,17 +78,11 @@ void compare(const std::string& title, const std::vector<Contender>& contenders,
     fmt::print("{}\n", title);
     for (std::size_t index = 0; index < contenders.size(); ++index) {
         fmt::print("  {:<20}{:>8.3f} s CPU {:>7.0f} ns/entry {:>6.2f} x {:>7.1f} MiB peak\n",
-                   contenders[index].name, costs[index].seconds,
-                   costs[index].seconds * 1e9 / static_cast<double>(entries),
-                   costs[index].seconds / costs[0].seconds,
+                   contenders[index].name, costs[index].cpuSeconds,
+                   costs[index].cpuSeconds * 1e9 / static_cast<double>(entries),
+                   costs[index].cpuSeconds / costs[0].cpuSeconds,
                    static_cast<double>(costs[index].peakKibibytes) / 1024);
     }
-}
-
-long residentKibibytes() {
-    rusage usage{};
-    ::getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
 }
 
 /// What the result of a scan holds when the scan is over, by the growth of this process's memory.
