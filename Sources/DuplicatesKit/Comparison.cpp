@@ -1,8 +1,7 @@
 #include <DuplicatesKit/Comparison.h>
 
 #include <algorithm>
-#include <iterator>
-#include <tuple>
+#include <compare>
 
 namespace tolvane {
 namespace {
@@ -54,15 +53,8 @@ Comparison::fingerprinted(const std::vector<Position>& positions,
     return result;
 }
 
-std::vector<DuplicateGroup> Comparison::confirmed(std::vector<Digested> alike) {
-    std::ranges::sort(alike, [&](const Digested& a, const Digested& b) {
-        if (isSameFingerprint(a, b)) {
-            return files_.isBefore(a.position, b.position);
-        }
-        // Large files first: they are what is worth most should it be cancelled.
-        return std::make_tuple(files_.size(b.position), a.reading.extent, a.reading.digest) <
-               std::make_tuple(files_.size(a.position), b.reading.extent, b.reading.digest);
-    });
+EqualFiles Comparison::confirmed(std::vector<Digested> alike) {
+    std::ranges::sort(alike, [&](const Digested& a, const Digested& b) { return isBefore(a, b); });
     const auto belong = [&](const Digested& a, const Digested& b) {
         return isSameFingerprint(a, b);
     };
@@ -77,13 +69,13 @@ std::vector<DuplicateGroup> Comparison::confirmed(std::vector<Digested> alike) {
                    },
                    [&](std::size_t index) { return files_.url(alike[index].position); },
                    [](std::size_t, ReadableFile& file) { ContentReader::prefetchContent(file); }});
-    std::vector<DuplicateGroup> groups;
+    EqualFiles equal;
     for (std::size_t start = 0; start < alike.size() && !isStopped_;) {
         const Run bucket = runAt(alike, start, alike.size(), belong);
         start = bucket.end;
-        appendGroups(groups, alike, digested(alike, bucket, ahead));
+        appendGroups(equal, alike, digested(alike, bucket, ahead));
     }
-    return groups;
+    return equal;
 }
 
 /// Once stopped it stays so, whatever the test says later.
@@ -95,6 +87,20 @@ bool Comparison::isStopped() {
 bool Comparison::isSameFingerprint(const Digested& a, const Digested& b) const {
     return files_.size(a.position) == files_.size(b.position) &&
            a.reading.extent == b.reading.extent && isSameDigest(a, b);
+}
+
+/// Files of equal fingerprints side by side, names of one file beside each other among them. Large
+/// files come first: they are what is worth most should it be cancelled.
+bool Comparison::isBefore(const Digested& a, const Digested& b) const {
+    if (const Bytes size = files_.size(a.position), other = files_.size(b.position);
+        size != other) {
+        return size > other;
+    }
+    if (a.reading.extent != b.reading.extent) {
+        return a.reading.extent < b.reading.extent;
+    }
+    const auto order = a.reading.digest <=> b.reading.digest;
+    return order == 0 ? files_.isBefore(a.position, b.position) : order < 0;
 }
 
 /// What `read` gives of the file, or gave when it was met under another name just before. Absent
@@ -150,8 +156,7 @@ Run Comparison::digested(std::vector<Digested>& alike, Run bucket, FilesAhead& a
     return {bucket.start, kept};
 }
 
-void Comparison::appendGroups(std::vector<DuplicateGroup>& groups, std::vector<Digested>& alike,
-                              Run bucket) const {
+void Comparison::appendGroups(EqualFiles& equal, std::vector<Digested>& alike, Run bucket) {
     const auto at = [&](std::size_t index) {
         return alike.begin() + static_cast<std::ptrdiff_t>(index);
     };
@@ -164,13 +169,11 @@ void Comparison::appendGroups(std::vector<DuplicateGroup>& groups, std::vector<D
         if (run.count() < 2) {
             continue;
         }
-        std::vector<DuplicateFile> files;
-        files.reserve(run.count());
-        std::transform(at(run.start), at(run.end), std::back_inserter(files),
-                       [&](const Digested& file) { return files_.file(file.position); });
-        std::ranges::sort(files, {}, &DuplicateFile::id);
-        const Bytes size = files.front().size;
-        groups.push_back({hexadecimal(alike[run.start].reading.digest), size, std::move(files)});
+        const std::size_t first = equal.positions.size();
+        for (std::size_t index = run.start; index < run.end; ++index) {
+            equal.positions.push_back(alike[index].position);
+        }
+        equal.groups.push_back({alike[run.start].reading.digest, {first, equal.positions.size()}});
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include <DuplicatesKit/Candidates.h>
 #include <DuplicatesKit/ContentReader.h>
-#include <DuplicatesKit/DuplicateGroup.h>
+#include <DuplicatesKit/EqualFiles.h>
 #include <DuplicatesKit/FilesAhead.h>
 #include <DuplicatesKit/Runs.h>
 
@@ -37,9 +37,9 @@ class Comparison {
     std::vector<Digested>
     fingerprinted(const std::vector<Candidates::Position>& positions,
                   const std::function<void(std::int64_t fingerprintedFiles)>& progress);
-    /// The groups of equal content among the files whose fingerprints are not unique. Cancelled, it
+    /// The files of equal content among those whose fingerprints are not unique. Cancelled, it
     /// gives those that are certain by then.
-    std::vector<DuplicateGroup> confirmed(std::vector<Digested> fingerprinted);
+    EqualFiles confirmed(std::vector<Digested> fingerprinted);
 
     /// How many files the first pass came to.
     std::int64_t fingerprintedFiles() const { return fingerprintedFiles_; }
@@ -58,6 +58,7 @@ class Comparison {
 
     bool isStopped();
     bool isSameFingerprint(const Digested& a, const Digested& b) const;
+    bool isBefore(const Digested& a, const Digested& b) const;
     std::optional<Reading> readOnce(FilesAhead& ahead, std::size_t index,
                                     Candidates::Position position, const Read& read);
     bool isUnchanged(Candidates::Position position,
@@ -65,8 +66,7 @@ class Comparison {
     /// Remembers the file that was read last if its digest cannot be relied on.
     void noteUnlessCertain();
     Run digested(std::vector<Digested>& alike, Run bucket, FilesAhead& ahead);
-    void appendGroups(std::vector<DuplicateGroup>& groups, std::vector<Digested>& alike,
-                      Run bucket) const;
+    static void appendGroups(EqualFiles& equal, std::vector<Digested>& alike, Run bucket);
 
     const FileManager& manager_;
     const Candidates& files_;

@@ -26,15 +26,6 @@ Positions sharingSize(const Candidates& files) {
     return order;
 }
 
-void sortByWaste(std::vector<DuplicateGroup>& groups) {
-    std::ranges::sort(groups, [](const DuplicateGroup& a, const DuplicateGroup& b) {
-        const Bytes waste = a.wastedBytes();
-        const Bytes otherWaste = b.wastedBytes();
-        return waste != otherWaste ? waste > otherWaste
-                                   : a.files.front().id() < b.files.front().id();
-    });
-}
-
 }
 
 DuplicateScanner::DuplicateScanner(DuplicateOptions options,
@@ -47,12 +38,11 @@ DuplicateScanResult DuplicateScanner::scan(const FileURL& root, const Progress& 
     CollectedCandidates collected = collectCandidates(*files_, root, options_, isCancelled);
     const Candidates& candidates = collected.files;
     Comparison comparison(*files_, candidates, isCancelled);
-    std::vector<DuplicateGroup> groups =
+    const EqualFiles equal =
         comparison.confirmed(comparison.fingerprinted(sharingSize(candidates), progress));
-    sortByWaste(groups);
     uncertain_ = comparison.uncertain();
     std::ranges::sort(uncertain_);
-    return {root, std::move(groups), static_cast<std::int64_t>(candidates.count()),
+    return {root, equal.made(candidates), static_cast<std::int64_t>(candidates.count()),
             comparison.fingerprintedFiles(), std::move(collected.errors)};
 }
 
