@@ -6,6 +6,7 @@
 #include <Support/OrdinaryUser.h>
 #include <Support/TemporaryHome.h>
 
+#include <DuplicatesKit/DuplicateScanner.h>
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -76,6 +77,56 @@ TEST(ScanFaults, fourThousandLevelsCostNeitherStackNorDescriptors) {
     EXPECT_EQ(scanned.directoryCount, 257) << "the folder at depth 256 is there but not listed";
     EXPECT_EQ(scanned.fileCount, 255);
     EXPECT_TRUE(scanner.lastFailures().empty());
+}
+
+TEST(ScanFaults, duplicatesAreFoundAtAnyDepthWithFewDescriptors) {
+    const TemporaryHome home;
+    constexpr std::int64_t levels = 4000;
+    home.makeDeep(levels, std::string(100, 'n'), "x");
+    const std::size_t before = openDescriptors();
+    std::size_t most = 0;
+    std::int64_t questions = 0;
+    std::int64_t compared = 0;
+    DuplicateScanner scanner({1, true, {}}, realFiles());
+    // The paths of all of them would take most of a gigabyte.
+    constexpr std::int64_t enough = 100;
+    const DuplicateScanResult part = scanner.scan(
+        home.url(), [&](std::int64_t count) { compared = count; },
+        [&] {
+            const bool isDue = ++questions % 97 == 0 || compared % 10 == 1;
+            most = isDue ? std::max(most, openDescriptors() - before) : most;
+            return compared == enough;
+        });
+    EXPECT_EQ(part.scannedFiles, levels);
+    EXPECT_EQ(part.candidateFiles, enough);
+    EXPECT_LE(most, 64U);
+
+    const TemporaryHome longPaths;
+    longPaths.makeDeep(300, std::string(20, 'n'), "x");
+    EXPECT_EQ(scanner.scan(longPaths.url()).duplicateFiles(), 300);
+}
+
+TEST(ScanFaults, duplicatesAreFoundWhereFewFilesMayBeOpen) {
+    const TemporaryHome home;
+    constexpr int count = 30;
+    for (int number = 0; number < count; ++number) {
+        home.write(std::to_string(number), std::string(5000, 'x'));
+    }
+    home.write("closed/file", std::string(5000, 'x'));
+    fs::permissions(home.path("closed"), fs::perms::none);
+    giveToOrdinaryUser(home.path(""));
+    const std::string told = asOrdinaryUser([&] {
+        rlimit limit{};
+        ::getrlimit(RLIMIT_NOFILE, &limit);
+        limit.rlim_cur = static_cast<rlim_t>(openDescriptors()) + 4;
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+        DuplicateScanner scanner({1, true, {}}, realFiles());
+        const DuplicateScanResult result = scanner.scan(home.url());
+        return std::to_string(result.duplicateFiles()) + " " +
+               testing::PrintToString(result.errors.size()) + result.errors.front().reason;
+    });
+    EXPECT_EQ(told, "30 1Operation not permitted");
+    fs::permissions(home.path("closed"), fs::perms::all);
 }
 
 TEST(ScanFaults, runningOutOfDescriptorsIsReportedFolderByFolder) {

@@ -3,6 +3,7 @@
 #include <Support/RemovalHome.h>
 #include <Support/TreeState.h>
 
+#include <DuplicatesKit/DuplicateScanner.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -10,6 +11,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 namespace tolvane {
 namespace {
@@ -200,6 +202,29 @@ TEST_F(VolumeFault, mountsBelowALinkedRootAreLeftOutOfItsScan) {
     EXPECT_THAT(excluded("all"),
                 testing::IsSupersetOf({home.path("all/proc"), home.path("all/dev")}));
     EXPECT_THAT(excluded("way/disk"), testing::Not(testing::Contains(home.path("way/disk"))));
+}
+
+TEST_F(VolumeFault, whatIsMountedTwiceIsNoDuplicateOfItself) {
+    home.write("a/file", "the same");
+    home.write("a/sub/file", "the same");
+    home.write("lone", "the same");
+    home.write("alias of lone");
+    const OwnMount whole = OwnMount::alias(home.path("a"), home.path("whole"));
+    const OwnMount part = OwnMount::alias(home.path("a/sub"), home.path("part"));
+    const OwnMount root = OwnMount::alias(home.path(""), home.path("root"));
+    ASSERT_EQ(::mount(home.path("lone").c_str(), home.path("alias of lone").c_str(), nullptr,
+                      MS_BIND, nullptr),
+              0);
+    DuplicateScanner scanner({1, true, {}}, home.files);
+    const DuplicateScanResult result = scanner.scan(home.url());
+    ASSERT_EQ(result.groups.size(), 1U);
+    std::set<ino_t> different;
+    for (const DuplicateFile& file : result.groups.front().files) {
+        different.insert(inode(file.url.path()));
+    }
+    EXPECT_EQ(result.groups.front().files.size(), 3U);
+    EXPECT_EQ(different.size(), 3U);
+    ::umount2(home.path("alias of lone").c_str(), MNT_DETACH);
 }
 
 }
