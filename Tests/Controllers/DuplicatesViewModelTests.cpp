@@ -488,6 +488,25 @@ TEST_F(DuplicatesViewModelTests, tellsOfFoldersThatCouldNotBeRead) {
                 ElementsAre(shownPath(home.url("data"))));
 }
 
+TEST_F(DuplicatesViewModelTests, marksFilesThatTheScanMayBeWrongAbout) {
+    write({"a", "b"}, "same");
+    start(std::make_shared<FaultyFiles>(
+        home.files, [](FileOperation operation, const FileURL& url) -> std::optional<SystemError> {
+            if (operation == FileOperation::openFile && url.lastPathComponent() == "b") {
+                setDate(url, 1'000);
+            }
+            return std::nullopt;
+        }));
+    scan();
+    EXPECT_EQ(text(rowOf("a"), DuplicatesModel::UncertainText), "");
+    EXPECT_EQ(text(rowOf("b"), DuplicatesModel::UncertainText),
+              "changed or could not be read whole");
+    controller->toggleRow(rowOf("a"));
+    EXPECT_THAT(review(),
+                ElementsAre("b, which would stay, changed since it was compared; changed or could "
+                            "not be read whole when it was compared"));
+}
+
 TEST_F(DuplicatesViewModelTests, mayBeDestroyedWhateverRuns) {
     write({"a", "b"}, "same");
     for (int round = 0; round < 1000; ++round) {

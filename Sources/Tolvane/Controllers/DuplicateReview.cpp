@@ -113,7 +113,7 @@ class GroupReview {
     std::string doubtAbout(Position position, const Values& now) const {
         std::string doubt = differenceOf(index_.file(position), now);
         if (index_.isUncertain(position)) {
-            append(doubt, "could not be read whole");
+            append(doubt, "changed or could not be read whole when it was compared");
         }
         return doubt;
     }

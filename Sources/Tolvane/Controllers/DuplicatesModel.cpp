@@ -359,7 +359,7 @@ QVariant DuplicatesModel::fileValue(DuplicateIndex::Position position, std::size
         return index_->original(position) == position ? QString()
                                                       : QStringLiteral("same file, frees nothing");
     case UncertainText:
-        return index_->isUncertain(position) ? QStringLiteral("could not be read whole")
+        return index_->isUncertain(position) ? QStringLiteral("changed or could not be read whole")
                                              : QString();
     case AccessibleText:
         return fileSentence(position, group);

@@ -51,7 +51,7 @@ class DuplicatesModel final : public tolvane::ListModel {
         IsKept,
         /// "same file, frees nothing": a further name (hard link) of a file of this group.
         LinkText,
-        /// "could not be read whole": this file may be no duplicate.
+        /// "changed or could not be read whole" while it was compared: it may be no duplicate.
         UncertainText,
         /// All of it in one sentence, for screen readers.
         AccessibleText

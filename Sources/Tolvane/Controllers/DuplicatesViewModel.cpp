@@ -419,6 +419,9 @@ void DuplicatesViewModel::publishResult(const DuplicateScan::Result& result) {
 // Removal
 
 void DuplicatesViewModel::prepareReview() {
+    if (isWorking_) {
+        return;
+    }
     banner_ = QString();
     std::vector<ReviewItem> items;
     items.reserve(selection_.count());
@@ -452,7 +455,8 @@ void DuplicatesViewModel::removeReviewed() {
 
 void DuplicatesViewModel::removed(const std::vector<RemovalReceipt>& receipts) {
     banner_ = DuplicatesTexts::moved(receipts.size());
-    log(fmt::format("duplicates trash count={} root={}", receipts.size(), root_.path()));
+    log(fmt::format("duplicates trash count={} root={}", receipts.size(),
+                    index_->result().root.path()));
     startScan();
 }
 
