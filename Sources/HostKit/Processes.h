@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tolvane {
 
@@ -20,6 +21,8 @@ class Processes {
     /// Where the program lies that the process runs, as bytes; absent where the system does not
     /// tell, as of other users' processes.
     std::optional<std::string> executablePath(std::int32_t pid) const;
+    /// That of every process of which the system tells, in no order.
+    std::vector<std::string> executablePaths() const;
     /// Absent when there is no such process.
     std::optional<StartTime> startTime(std::int32_t pid) const;
     /// Sends a signal to one process, never to a group: numbers below 1 are refused (EINVAL).

@@ -68,19 +68,23 @@ Bytes LeftoverFinder::totalSize(const std::vector<LeftoverItem>& items) {
 std::vector<LeftoverOrigin>
 LeftoverFinder::origins(const std::vector<LeftoverItem>& items, const InstalledApp& app,
                         const std::vector<InstalledApp>& installed) const {
-    std::vector<LeftoverOrigin> origins;
-    origins.reserve(items.size());
-    for (const LeftoverItem& item : items) {
-        LeftoverOrigin origin;
-        if (places_.match(item.url, app) == LeftoverMatch::exact) {
-            origin.certainty = LeftoverOrigin::Certainty::exact;
+    const std::vector<std::string> own = CandidateIdentifiers::of(app, places_.table());
+    std::vector<LeftoverOrigin> origins(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        origins[i].certainty = places_.match(items[i].url, own) == LeftoverMatch::exact
+                                   ? LeftoverOrigin::Certainty::exact
+                                   : LeftoverOrigin::Certainty::byName;
+    }
+    for (const InstalledApp& other : installed) {
+        if (other.id() == app.id()) {
+            continue;
         }
-        for (const InstalledApp& other : installed) {
-            if (other.id() != app.id() && places_.match(item.url, other)) {
-                origin.otherApps.push_back(other.name);
+        const std::vector<std::string> theirs = CandidateIdentifiers::of(other, places_.table());
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            if (places_.match(items[i].url, theirs)) {
+                origins[i].otherApps.push_back(other.name);
             }
         }
-        origins.push_back(std::move(origin));
     }
     return origins;
 }

@@ -31,18 +31,14 @@ bool LeftoverPlaces::matches(const LeftoverRow& row, std::string_view name,
     return false;
 }
 
-std::optional<LeftoverMatch> LeftoverPlaces::match(const FileURL& item,
-                                                   const InstalledApp& app) const {
+std::optional<LeftoverMatch>
+LeftoverPlaces::match(const FileURL& item, const std::vector<std::string>& identifiers) const {
     const FileURL folder = item.deletingLastPathComponent();
     const std::string_view name = item.lastPathComponent();
     std::optional<LeftoverMatch> closest;
-    std::vector<std::string> identifiers;
     for (const Place& place : places_) {
         if (place.folder != folder) {
             continue;
-        }
-        if (identifiers.empty()) {
-            identifiers = CandidateIdentifiers::of(app, table_);
         }
         for (const std::string& identifier : identifiers) {
             if ((!closest || place.row.match < *closest) && matches(place.row, name, identifier)) {

@@ -3,8 +3,6 @@
 #include <HostKit/FileURL.h>
 #include <HostKit/LeftoverTable.h>
 
-#include <UninstallerKit/InstalledApp.h>
-
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,8 +26,10 @@ class LeftoverPlaces {
     /// Whether an entry of the row's folder is a leftover of the identifier: case counts in exact
     /// names only.
     bool matches(const LeftoverRow& row, std::string_view name, std::string_view identifier) const;
-    /// The closest way in which the item is a leftover of the application; absent when it is none.
-    std::optional<LeftoverMatch> match(const FileURL& item, const InstalledApp& app) const;
+    /// The closest way in which the item is a leftover of one of the identifiers; absent when it is
+    /// none.
+    std::optional<LeftoverMatch> match(const FileURL& item,
+                                       const std::vector<std::string>& identifiers) const;
 
   private:
     LeftoverTable table_;

@@ -3,6 +3,7 @@
 #include <HostKit/Processes.h>
 #include <Support/TemporaryHome.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -29,6 +30,9 @@ TEST(Processes, tellWhatTheSystemTellsOfThem) {
     proc.write("2/stat", "2 (cut off) S 0 4");
     EXPECT_EQ(made.executablePath(1), "/opt/not \xff UTF-8");
     EXPECT_EQ(made.executablePath(2), "/opt/a (deleted)");
+    proc.makeLink("3x/exe", "/opt/no process");
+    EXPECT_THAT(made.executablePaths(),
+                testing::UnorderedElementsAre("/opt/not \xff UTF-8", "/opt/a (deleted)"));
     EXPECT_EQ(made.startTime(1), StartTime{4711});
     EXPECT_EQ(made.startTime(2), std::nullopt);
 }

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace tolvane {
@@ -49,6 +51,20 @@ std::optional<std::string> Processes::executablePath(std::int32_t pid) const {
         bytes.remove_suffix(deleted.size());
     }
     return std::string(bytes);
+}
+
+std::vector<std::string> Processes::executablePaths() const {
+    std::vector<std::string> paths;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(sources_.proc.path(), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        const auto pid = wholeNumber<std::int32_t>(entry->path().filename().native());
+        std::optional<std::string> path = pid ? executablePath(*pid) : std::nullopt;
+        if (path) {
+            paths.push_back(std::move(*path));
+        }
+    }
+    return paths;
 }
 
 std::optional<StartTime> Processes::startTime(std::int32_t pid) const {

@@ -18,4 +18,10 @@ std::string brokenListenersPromise(std::string_view bytes);
 /// The same about what ps prints.
 std::string brokenProcessTreePromise(std::string_view bytes);
 
+/// The same about property lists.
+std::string brokenPropertyListPromise(std::string_view bytes);
+
+/// The same about desktop entries.
+std::string brokenDesktopEntryPromise(std::string_view bytes);
+
 }

@@ -67,5 +67,50 @@ TEST(Promises, aboutListenersAndProcessTreesHoldForFixedInputs) {
     }
 }
 
+TEST(Promises, aboutWhatApplicationsTellHoldForFixedInputs) {
+    const std::vector<std::string> lists = {"<plist version=\"1.0\">",
+                                            "</plist>",
+                                            "<dict>",
+                                            "</dict>",
+                                            "<array>",
+                                            "</array>",
+                                            "<key>a</key>",
+                                            "<string>",
+                                            "</string>",
+                                            "<true/>",
+                                            "<!--",
+                                            "-->",
+                                            "<![CDATA[",
+                                            "]]>",
+                                            "&lt;",
+                                            "\"",
+                                            "bplist00\xA1"};
+    for (const std::string& input : fixedInputs(lists)) {
+        ASSERT_EQ(brokenPropertyListPromise(input), "") << testing::PrintToString(input);
+    }
+    const std::vector<std::string> entries = {"[Desktop Entry]\n",
+                                              "Exec=",
+                                              "Name=",
+                                              "Name[de]=",
+                                              "\n",
+                                              "\r",
+                                              "\"",
+                                              "\\",
+                                              "\\s",
+                                              "%f",
+                                              "%%",
+                                              "%",
+                                              "env",
+                                              " ",
+                                              "\t",
+                                              "=",
+                                              "a",
+                                              "[",
+                                              "[Other]\n"};
+    for (const std::string& input : fixedInputs(entries)) {
+        ASSERT_EQ(brokenDesktopEntryPromise(input), "") << testing::PrintToString(input);
+    }
+}
+
 }
 }

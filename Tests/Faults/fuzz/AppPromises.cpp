@@ -1,0 +1,58 @@
+#include "Promises.h"
+
+#include <HostKit/DesktopEntry.h>
+#include <HostKit/PropertyList.h>
+
+#include <algorithm>
+
+namespace tolvane {
+namespace {
+
+/// How deep the values nest; adds up how many there are.
+std::size_t depthOf(const PropertyList& list, std::size_t& values) {
+    std::size_t deepest = 0;
+    ++values;
+    if (list.list() != nullptr) {
+        for (const PropertyList& member : *list.list()) {
+            deepest = std::max(deepest, depthOf(member, values));
+        }
+    }
+    if (list.dictionary() != nullptr) {
+        for (const PropertyList::Entry& entry : *list.dictionary()) {
+            deepest = std::max(deepest, depthOf(entry.value, values));
+        }
+    }
+    return deepest + 1;
+}
+
+}
+
+std::string brokenPropertyListPromise(std::string_view bytes) {
+    const std::optional<PropertyList> list = PropertyList::parse(bytes);
+    std::size_t values = 0;
+    if (list && (depthOf(*list, values) > 66 || values > 50'000)) {
+        return "what is read is neither deep nor large";
+    }
+    return "";
+}
+
+std::string brokenDesktopEntryPromise(std::string_view bytes) {
+    const std::optional<DesktopEntry> entry = DesktopEntry::parse(bytes);
+    if (!entry) {
+        return "";
+    }
+    if (entry->program() == "") {
+        return "a program has a name";
+    }
+    for (const std::string_view locale : {"", "C", "de_AT.UTF-8@euro", "_@."}) {
+        const bool hasName = entry->value("Name").has_value();
+        if (hasName && !entry->localized("Name", locale)) {
+            return "the name for all languages is one for each";
+        }
+    }
+    const std::optional<std::string> written = entry->value("Exec");
+    const bool holdsNul = written && written->find('\0') != std::string::npos;
+    return holdsNul ? "no value holds a NUL" : "";
+}
+
+}
