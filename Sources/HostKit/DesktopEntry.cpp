@@ -46,8 +46,8 @@ std::string withoutEscapes(std::string_view raw) {
     std::string text;
     text.reserve(raw.size());
     for (std::size_t i = 0; i < raw.size(); ++i) {
-        const bool isEscape =
-            raw[i] == '\\' && i + 1 < raw.size() && letters.find(raw[i + 1]) != letters.npos;
+        const bool isEscape = raw[i] == '\\' && i + 1 < raw.size() &&
+                              letters.find(raw[i + 1]) != std::string_view::npos;
         text += isEscape ? escaped(raw[++i]) : raw[i];
     }
     return text;
@@ -58,7 +58,7 @@ std::string takeArgument(std::string_view& rest) {
     std::string argument;
     bool isQuoted = false;
     std::size_t i = 0;
-    for (; i < rest.size() && (isQuoted || blanks.find(rest[i]) == blanks.npos); ++i) {
+    for (; i < rest.size() && (isQuoted || blanks.find(rest[i]) == std::string_view::npos); ++i) {
         if (rest[i] == '"') {
             isQuoted = !isQuoted;
         } else if (rest[i] == '\\' && isQuoted && i + 1 < rest.size()) {
@@ -76,14 +76,15 @@ std::string takeArgument(std::string_view& rest) {
 
 bool isAssignment(std::string_view argument) {
     const std::size_t sign = argument.find('=');
-    return sign != argument.npos && sign > 0 && argument.substr(0, sign).find('/') == argument.npos;
+    return sign != std::string_view::npos && sign > 0 &&
+           argument.substr(0, sign).find('/') == std::string_view::npos;
 }
 
 /// The keys under which a value in the language of the locale may stand, the closest first
 /// ("lang_COUNTRY@MODIFIER" of the conventions).
 std::vector<std::string> localizedKeys(std::string_view key, std::string_view locale) {
     const std::size_t at = locale.find('@');
-    const std::string modifier(at == locale.npos ? "" : locale.substr(at));
+    const std::string modifier(at == std::string_view::npos ? "" : locale.substr(at));
     locale = locale.substr(0, locale.find_first_of(".@"));
     const std::string language(locale.substr(0, locale.find('_')));
     const std::string country(locale);
@@ -98,7 +99,7 @@ std::vector<std::string> localizedKeys(std::string_view key, std::string_view lo
 }
 
 std::optional<DesktopEntry> DesktopEntry::parse(std::string_view text) {
-    if (text.size() > largestSize || text.find('\0') != text.npos) {
+    if (text.size() > largestSize || text.find('\0') != std::string_view::npos) {
         return std::nullopt;
     }
     DesktopEntry entry;
@@ -112,7 +113,7 @@ std::optional<DesktopEntry> DesktopEntry::parse(std::string_view text) {
             continue;
         }
         const std::size_t sign = line.find('=');
-        if (!isInGroup || line.starts_with('#') || sign == line.npos) {
+        if (!isInGroup || line.starts_with('#') || sign == std::string_view::npos) {
             continue;
         }
         entry.values_.insert_or_assign(std::string(trimmed(line.substr(0, sign))),

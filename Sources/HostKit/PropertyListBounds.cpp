@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t deepest = 64;
 /// Of values, and of bytes that are copied for them, references followed as often as they occur.
 constexpr std::uint64_t mostValues = 50'000;
-constexpr std::uint64_t mostBytes = 4 * 1024 * 1024;
+constexpr std::uint64_t mostBytes = 4'194'304;
 
 constexpr std::string_view binaryMagic = "bplist00";
 
@@ -129,7 +129,7 @@ class TagWalk {
         : text_(text) {}
 
     bool isHarmless() {
-        for (std::size_t start = text_.find('<'); start != text_.npos;
+        for (std::size_t start = text_.find('<'); start != std::string_view::npos;
              start = text_.find('<', position_)) {
             if (!pass(text_.substr(start), start)) {
                 return false;
@@ -150,12 +150,12 @@ class TagWalk {
             if (rest.starts_with(passage.start)) {
                 const std::size_t end = rest.find(passage.end, passage.start.size());
                 position_ = start + end + passage.end.size();
-                return end != rest.npos;
+                return end != std::string_view::npos;
             }
         }
         const std::size_t end = rest.find('>');
         position_ = start + end + 1;
-        return end != rest.npos && enter(rest.substr(0, end));
+        return end != std::string_view::npos && enter(rest.substr(0, end));
     }
 
     /// `tag` is without its ">".
@@ -163,7 +163,8 @@ class TagWalk {
         const bool isDeclaration = tag.starts_with("<!DOCTYPE");
         const bool mayQuote = isDeclaration || tag.starts_with("<plist");
         const auto quotes = std::count(tag.begin(), tag.end(), '"');
-        const bool isOdd = tag.find_first_of("['") != tag.npos || tag.find('<', 1) != tag.npos;
+        const bool isOdd = tag.find_first_of("['") != std::string_view::npos ||
+                           tag.find('<', 1) != std::string_view::npos;
         if (isOdd || quotes % 2 != 0 || (quotes > 0 && !mayQuote)) {
             return false;
         }

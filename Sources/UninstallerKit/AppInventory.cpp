@@ -124,14 +124,14 @@ std::vector<FileURL> AppInventory::searchFolders(bool includeSystem) const {
     if (directories_) {
         return *directories_;
     }
-    std::vector<FileURL> folders;
-    for (const std::string& folder : places_.folders) {
-        folders.push_back(FileURL::absolute(folder, home_.path()));
+    std::vector<std::string> names = places_.folders;
+    if (includeSystem) {
+        names.insert(names.end(), places_.systemFolders.begin(), places_.systemFolders.end());
     }
-    for (const std::string& folder : places_.systemFolders) {
-        if (includeSystem) {
-            folders.push_back(FileURL::absolute(folder, home_.path()));
-        }
+    std::vector<FileURL> folders;
+    folders.reserve(names.size());
+    for (const std::string& name : names) {
+        folders.push_back(FileURL::absolute(name, home_.path()));
     }
     return folders;
 }

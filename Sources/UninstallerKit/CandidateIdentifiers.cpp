@@ -11,7 +11,7 @@ namespace {
 bool isPartOfName(std::string_view identifier) {
     constexpr std::string_view excluded("/\0", 2);
     return !identifier.empty() && identifier != "." && identifier != ".." &&
-           identifier.find_first_of(excluded) == identifier.npos;
+           identifier.find_first_of(excluded) == std::string_view::npos;
 }
 
 bool isControl(char character) {

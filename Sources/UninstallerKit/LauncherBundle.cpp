@@ -121,7 +121,7 @@ std::string versionIn(std::string_view name) {
         std::size_t end = std::min(rest.find_first_not_of(digits), rest.size());
         bool hasDot = false;
         while (end > 0 && end + 1 < rest.size() && rest[end] == '.' &&
-               digits.find(rest[end + 1]) != digits.npos) {
+               digits.find(rest[end + 1]) != std::string_view::npos) {
             end = std::min(rest.find_first_not_of(digits, end + 1), rest.size());
             hasDot = true;
         }

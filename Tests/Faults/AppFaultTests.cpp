@@ -73,14 +73,11 @@ TEST_P(AppFaults, identifiersLeadNowhereElse) {
 /// What an application tells may be anything; then it is listed by its file name.
 TEST_P(AppFaults, hostileDescriptionsAreLeftOut) {
     const std::string good = xmlPropertyList(Strings{{"CFBundleIdentifier", "good"}});
-    const std::vector<std::string> contents = {"",
-                                               std::string(1000, '\0'),
-                                               "\r\r\r",
-                                               good.substr(0, good.size() / 2),
-                                               good + std::string(10'000'000, ' '),
-                                               std::string(10'000'000, '<'),
-                                               binaryObjects({binaryArray({0, 0})}),
-                                               "bplist00" + std::string(64, '\xFF')};
+    std::vector<std::string> contents{"", std::string(1000, '\0'), "\r\r", "<plist><dict>\n[x"};
+    for (const std::string& large : {good, std::string(10'000'000, '<')}) {
+        contents.push_back(large + std::string(10'000'000, ' '));
+    }
+    contents.push_back(binaryObjects({binaryArray({0, 0})}));
     for (std::size_t i = 0; i < contents.size(); ++i) {
         const std::string name = "Applications/App" + std::to_string(i);
         home.write(name + ".app/Contents/Info.plist", contents[i]);

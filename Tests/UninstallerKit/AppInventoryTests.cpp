@@ -22,7 +22,7 @@ class InventoryOfBundles : public ::testing::Test {
         places.systemPrefixes = {home.path("system")};
     }
 
-    void makeApp(const std::string& bundle, const Strings& dictionary) const {
+    void makeApp(const std::string& bundle, const Strings& dictionary = {}) const {
         home.write(bundle + "/Contents/Info.plist", xmlPropertyList(dictionary));
     }
     AppInventory inventory() const {
@@ -50,13 +50,12 @@ TEST_F(InventoryOfBundles, searchesTheFoldersOfTheLayout) {
     EXPECT_THAT(layout.applications.folders, ElementsAre("/Applications", "Applications"));
     EXPECT_THAT(layout.applications.systemFolders, ElementsAre("/System/Applications"));
     EXPECT_THAT(layout.applications.systemPrefixes, ElementsAre("/System"));
-    makeApp("shared/Here.app", {});
-    makeApp("shared/Utilities/One Down.app", {});
-    makeApp("shared/Utilities/More/Two Down.app", {});
-    makeApp("shared/Here.app/Inside.app", {});
-    makeApp("shared/.Hidden.app", {});
-    makeApp("shared/Other Case.APP", {});
-    makeApp("system/System.app", {});
+    for (const char* const name :
+         {"shared/Here.app", "shared/Utilities/One Down.app", "shared/Utilities/More/Two Down.app",
+          "shared/Here.app/Inside.app", "shared/.Hidden.app", "shared/Other Case.APP",
+          "system/System.app"}) {
+        makeApp(name);
+    }
     makeApp("system/Twin.app", {{"CFBundleIdentifier", "com.apple.twin"}});
     makeApp("Applications/Ours.app", {{"CFBundleIdentifier", "com.apple.ours"}});
     home.write("Applications/file.app");
@@ -76,27 +75,20 @@ TEST_F(InventoryOfBundles, searchesTheFoldersOfTheLayout) {
 TEST_F(InventoryOfBundles, readsWhatADictionaryTells) {
     const std::string bundle = "shared/Bundle.name.app";
     const auto expectOnly = [&](const InstalledApp& expected) {
-        const InstalledApp app = only();
-        EXPECT_EQ(app, expected) << app.name << " " << app.bundleID << " " << app.version << " "
-                                 << app.teamID;
-        EXPECT_EQ(app.id(), app.bundleID);
+        EXPECT_EQ(only(), expected) << expected.name << expected.version << expected.teamID;
     };
     const FileURL url = home.url(bundle);
     home.makeFolder(bundle);
     expectOnly({"Bundle.name", "Bundle.name", "\u2014", "", url, false, {}});
-    const Strings all{{"CFBundleIdentifier", "org.a"},
-                      {"CFBundleDisplayName", ""},
-                      {"CFBundleName", "Name"},
-                      {"CFBundleVersion", "17"},
-                      {"CFBundleShortVersionString", "1.7"},
-                      {"TeamIdentifier", "TEAM"}};
+    Strings all{{"CFBundleIdentifier", "org.a"}, {"CFBundleName", "N"}, {"CFBundleVersion", "17"}};
+    makeApp(bundle, all);
+    expectOnly({"N", "org.a", "17", "org.a", url, false, {}});
+    all.insert({{"CFBundleDisplayName", ""}, {"CFBundleShortVersionString", "1.7"}});
+    all["TeamIdentifier"] = "TEAM";
     for (const std::string& bytes : {xmlPropertyList(all), binaryPropertyList(all)}) {
         home.write(bundle + "/Contents/Info.plist", bytes);
         expectOnly({"", "org.a", "1.7", "TEAM", url, false, {}});
     }
-    makeApp(bundle,
-            {{"CFBundleIdentifier", "org.a"}, {"CFBundleName", "N"}, {"CFBundleVersion", "17"}});
-    expectOnly({"N", "org.a", "17", "org.a", url, false, {}});
     home.write(bundle + "/Contents/Info.plist",
                xmlPropertyList("<dict><key>CFBundleIdentifier</key><integer>1</integer>"
                                "<key>CFBundleVersion</key><real>2.5</real></dict>"));

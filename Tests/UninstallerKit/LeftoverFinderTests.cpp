@@ -11,30 +11,27 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 using testing::UnorderedElementsAreArray;
 using Certainty = LeftoverOrigin::Certainty;
+using Row = std::pair<std::string, std::string>;
 
 const std::string id = "org.example.Paint";
 
-/// Counts what is asked of the file system.
+using Counts = std::map<std::string, int>;
+
+/// Counts what is asked of the file system: tests and, with "/" at the end, listings.
 class CountingFiles final : public FaultyFiles {
   public:
-    struct Counts {
-        std::map<std::string, int> tests;
-        std::map<std::string, int> listings;
-    };
-
     CountingFiles(std::shared_ptr<const FileManager> files, std::shared_ptr<Counts> counts)
         : FaultyFiles(std::move(files),
                       [counts](FileOperation, const FileURL& url) -> std::optional<SystemError> {
-                          ++counts->listings[url.path()];
+                          ++(*counts)[url.path() + "/"];
                           return std::nullopt;
                       })
-        , counts_(counts) {}
+        , counts_(std::move(counts)) {}
 
     std::optional<FileType> targetType(const FileURL& url) const override {
-        ++counts_->tests[url.path()];
+        ++(*counts_)[url.path()];
         return FaultyFiles::targetType(url);
     }
 
@@ -42,27 +39,21 @@ class CountingFiles final : public FaultyFiles {
     std::shared_ptr<Counts> counts_;
 };
 
+/// With the table of darwin, unless a test takes another layout.
 class Leftovers : public ::testing::Test {
   protected:
-    explicit Leftovers(const std::function<HostLayout(const FileURL&)>& layoutFor)
-        : layout(layoutFor(home.url())) {}
-
-    LeftoverFinder finder(std::vector<std::string> protectedPrefixes = {}) const {
-        const auto counting = std::make_shared<CountingFiles>(systemFileManager(layout), counts);
-        return LeftoverFinder(
-            home.url(), home.url("system"), counting,
-            ProtectionPolicy(std::move(protectedPrefixes), std::vector<std::string>(), {}),
-            layout.leftovers);
+    LeftoverFinder finder(std::vector<std::string> prefixes = {}) const {
+        const ProtectionPolicy policy(std::move(prefixes), std::vector<std::string>(), {});
+        return {home.url(), home.url("system"),
+                std::make_shared<CountingFiles>(systemFileManager(layout), counts), policy,
+                layout.leftovers};
     }
-    InstalledApp app(const std::string& identifier,
-                     std::vector<std::string> associated = {}) const {
-        return {identifier + "!",     identifier, "1", "", home.url("Applications/A"), false,
-                std::move(associated)};
+    InstalledApp app(const std::string& name, std::vector<std::string> associated = {}) const {
+        return {name + "!", name, "1", "", home.url("A"), false, std::move(associated)};
     }
     /// Path below the home and kind of each leftover.
-    std::vector<std::pair<std::string, std::string>> found(const InstalledApp& of,
-                                                           bool includeSystemLevel = true) const {
-        std::vector<std::pair<std::string, std::string>> rows;
+    std::vector<Row> found(const InstalledApp& of, bool includeSystemLevel = true) const {
+        std::vector<Row> rows;
         for (const LeftoverItem& item : finder().leftovers(of, includeSystemLevel)) {
             rows.emplace_back(item.url.path().substr(home.path("").size() + 1), item.kind);
         }
@@ -70,27 +61,19 @@ class Leftovers : public ::testing::Test {
     }
 
     TemporaryHome home;
-    HostLayout layout;
-    std::shared_ptr<CountingFiles::Counts> counts = std::make_shared<CountingFiles::Counts>();
-};
-
-class LeftoversOnDarwin : public Leftovers {
-  protected:
-    LeftoversOnDarwin()
-        : Leftovers(HostLayout::darwin) {}
+    HostLayout layout = HostLayout::darwin(home.url());
+    std::shared_ptr<Counts> counts = std::make_shared<Counts>();
 };
 
 class LeftoversOnFreedesktop : public Leftovers {
   protected:
-    LeftoversOnFreedesktop()
-        : Leftovers([](const FileURL& folder) {
-            return HostLayout::freedesktop(
-                folder, {{"XDG_DATA_DIRS", folder.appending("packages").path()}});
-        }) {}
+    LeftoversOnFreedesktop() {
+        layout = HostLayout::freedesktop(home.url(), {{"XDG_DATA_DIRS", home.path("packages")}});
+    }
 };
 
-TEST_F(LeftoversOnDarwin, lieInTheTwentyThreePlaces) {
-    const std::vector<std::pair<std::string, std::string>> places = {
+TEST_F(Leftovers, lieInTheTwentyThreePlaces) {
+    const std::vector<Row> places = {
         {"Library/Application Support/" + id, "Application Support"},
         {"Library/Caches/" + id, "Caches"},
         {"Library/Containers/" + id, "Container"},
@@ -128,19 +111,15 @@ TEST_F(LeftoversOnDarwin, lieInTheTwentyThreePlaces) {
     EXPECT_EQ(found(app(id), false).size(), 18U);
 }
 
-TEST_F(LeftoversOnDarwin, costOneTestForEachNameAndOneListingForEachFolder) {
+TEST_F(Leftovers, costOneTestForEachNameAndOneListingForEachFolder) {
     finder().leftovers(app(id, {id, "org.example.helper"}), true);
-    EXPECT_EQ(counts->tests.size(), 2U * 17);
-    EXPECT_EQ(counts->listings.size(), 6U);
-    for (const auto& [path, count] : counts->tests) {
-        EXPECT_EQ(count, 1) << path;
-    }
-    for (const auto& [path, count] : counts->listings) {
+    EXPECT_EQ(counts->size(), 2U * 17 + 6);
+    for (const auto& [path, count] : *counts) {
         EXPECT_EQ(count, 1) << path;
     }
 }
 
-TEST_F(LeftoversOnDarwin, areOneItemForEachPathTheLargestFirst) {
+TEST_F(Leftovers, areOneItemForEachPathTheLargestFirst) {
     home.write("Library/Preferences/" + id + ".plist", "x");
     home.write("Library/Caches/" + id + "/data", std::string(50'000, 'x'));
     home.write("Library/Logs/helper", std::string(10'000, 'x'));
@@ -155,7 +134,7 @@ TEST_F(LeftoversOnDarwin, areOneItemForEachPathTheLargestFirst) {
     EXPECT_EQ(LeftoverFinder::totalSize(items), items[0].size + items[1].size + items[2].size);
 }
 
-TEST_F(LeftoversOnDarwin, tellHowSureTheyAre) {
+TEST_F(Leftovers, tellHowSureTheyAre) {
     home.write("Library/Preferences/org.a.plist");
     home.write("Library/Preferences/org.apps.plist");
     home.write("Library/Group Containers/T.org.a.b");
@@ -171,7 +150,7 @@ TEST_F(LeftoversOnDarwin, tellHowSureTheyAre) {
 }
 
 TEST_F(LeftoversOnFreedesktop, lieInTheFoldersOfTheUserAndTheSystem) {
-    const std::vector<std::pair<std::string, std::string>> places = {
+    const std::vector<Row> places = {
         {".local/share/" + id, "Application Support"},
         {".cache/" + id, "Caches"},
         {".local/share/applications/" + id + ".desktop", "Application Scripts"},
@@ -203,7 +182,7 @@ TEST_F(LeftoversOnFreedesktop, areLookedForByIdentifiersOfOneApplicationOnly) {
     home.write(".config/codeblocks");
     home.write(".config/short.x.y");
     home.write(".config/longer.than");
-    EXPECT_THAT(found(app("code")), UnorderedElementsAre(std::pair(".config/code", "Preferences")));
+    EXPECT_THAT(found(app("code")), ElementsAre(Row(".config/code", "Preferences")));
     EXPECT_THAT(found(app("short.x")), IsEmpty());
     EXPECT_EQ(found(app("longer.t")).size(), 1U);
     for (const std::string shared : {"Applications", "autostart", "Mozilla", "ab"}) {
@@ -221,7 +200,7 @@ TEST_F(LeftoversOnFreedesktop, areNotTheApplicationItself) {
     home.write(".config/" + id);
     InstalledApp inside = app(id);
     inside.url = home.url(".local/share/" + id + "/app");
-    EXPECT_THAT(found(inside), ElementsAre(std::pair(".config/" + id, "Preferences")));
+    EXPECT_THAT(found(inside), ElementsAre(Row(".config/" + id, "Preferences")));
 }
 
 }

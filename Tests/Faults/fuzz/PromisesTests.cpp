@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
+#include <sstream>
 
 namespace tolvane {
 namespace {
@@ -67,47 +69,27 @@ TEST(Promises, aboutListenersAndProcessTreesHoldForFixedInputs) {
     }
 }
 
+/// The parts that stand between blanks; "~" is the end of a line, "_" a blank.
+std::vector<std::string> partsOf(const std::string& text) {
+    std::istringstream words(text);
+    std::vector<std::string> parts;
+    for (std::string word; words >> word;) {
+        std::replace(word.begin(), word.end(), '~', '\n');
+        std::replace(word.begin(), word.end(), '_', ' ');
+        parts.push_back(word);
+    }
+    return parts;
+}
+
 TEST(Promises, aboutWhatApplicationsTellHoldForFixedInputs) {
-    const std::vector<std::string> lists = {"<plist version=\"1.0\">",
-                                            "</plist>",
-                                            "<dict>",
-                                            "</dict>",
-                                            "<array>",
-                                            "</array>",
-                                            "<key>a</key>",
-                                            "<string>",
-                                            "</string>",
-                                            "<true/>",
-                                            "<!--",
-                                            "-->",
-                                            "<![CDATA[",
-                                            "]]>",
-                                            "&lt;",
-                                            "\"",
-                                            "bplist00\xA1"};
-    for (const std::string& input : fixedInputs(lists)) {
+    for (const std::string& input : fixedInputs(
+             partsOf("<plist> </plist> <dict> </dict> <array> </array> <key>a</key> <string> "
+                     "</string> <true/> <!-- --> <![CDATA[ ]]> &lt; \" bplist00 \xA1"))) {
         ASSERT_EQ(brokenPropertyListPromise(input), "") << testing::PrintToString(input);
     }
-    const std::vector<std::string> entries = {"[Desktop Entry]\n",
-                                              "Exec=",
-                                              "Name=",
-                                              "Name[de]=",
-                                              "\n",
-                                              "\r",
-                                              "\"",
-                                              "\\",
-                                              "\\s",
-                                              "%f",
-                                              "%%",
-                                              "%",
-                                              "env",
-                                              " ",
-                                              "\t",
-                                              "=",
-                                              "a",
-                                              "[",
-                                              "[Other]\n"};
-    for (const std::string& input : fixedInputs(entries)) {
+    for (const std::string& input :
+         fixedInputs(partsOf("[Desktop_Entry]~ Exec= Name= Name[de]= ~ \" \\ \\s %f "
+                             "%% % env _ = a [ [Other]~"))) {
         ASSERT_EQ(brokenDesktopEntryPromise(input), "") << testing::PrintToString(input);
     }
 }
