@@ -2,16 +2,19 @@
 
 #include <HostKit/HostLayout.h>
 
-#include <cstddef>
-#include <cstdint>
+#include <string>
+#include <string_view>
 #include <vector>
 
-namespace tolvane {
+/// The TCP sockets that listen on this machine, whoever holds them. An address is written as lsof
+/// writes it: "127.0.0.1:80", "[::1]:631", "*:80" for all of either kind.
+namespace tolvane::ListeningSockets {
 
-/// How many TCP sockets listen on this machine that none of these processes holds, by the system's
-/// own table; 0 where it keeps none. A user who may not look into other processes learns from it
-/// how much stays unseen.
-std::size_t countListeningSocketsBeyond(const std::vector<std::int32_t>& pids,
-                                        const HostLayout::Sources& sources);
+/// The address of every one, by the system's own table; empty where it keeps none.
+std::vector<std::string> addresses(const HostLayout::Sources& sources);
+
+/// The same from the text of such a table (proc(5), "net/tcp" and "net/tcp6"). Listening sockets
+/// come first there; nothing behind the last is read.
+std::vector<std::string> parse(std::string_view table);
 
 }

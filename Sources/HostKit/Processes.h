@@ -26,7 +26,7 @@ class Processes {
     /// Absent when there is no such process.
     std::optional<StartTime> startTime(std::int32_t pid) const;
     /// Sends a signal to one process, never to a group: numbers below 1 are refused (EINVAL).
-    Result<void, SystemError> signal(std::int32_t pid, int number) const;
+    static Result<void, SystemError> signal(std::int32_t pid, int number);
 
   private:
     HostLayout::Sources sources_;

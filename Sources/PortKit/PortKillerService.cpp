@@ -57,6 +57,15 @@ PortKillError killError(const SystemError& error, std::int32_t pid) {
     }
 }
 
+Result<void, PortKillError> signalOne(std::int32_t pid, PortKillSignal signal,
+                                      std::int32_t currentPID) {
+    if (pid < firstOrdinary || pid == currentPID) {
+        return tl::unexpected(PortKillError::protectedProcess(pid));
+    }
+    return Processes::signal(pid, signal == PortKillSignal::force ? SIGKILL : SIGTERM)
+        .map_error([&](const SystemError& error) { return killError(error, pid); });
+}
+
 }
 
 PortKillerService::PortKillerService(const HostLayout::Tools& tools,
@@ -83,15 +92,6 @@ Result<void, PortKillError> PortKillerService::kill(const PortListener& listener
         }
     }
     return {};
-}
-
-Result<void, PortKillError> PortKillerService::signalOne(std::int32_t pid, PortKillSignal signal,
-                                                         std::int32_t currentPID) const {
-    if (pid < firstOrdinary || pid == currentPID) {
-        return tl::unexpected(PortKillError::protectedProcess(pid));
-    }
-    return processes_.signal(pid, signal == PortKillSignal::force ? SIGKILL : SIGTERM)
-        .map_error([&](const SystemError& error) { return killError(error, pid); });
 }
 
 std::vector<std::int32_t> PortKillerService::processTree(std::int32_t root) const {

@@ -37,9 +37,6 @@ class PortKillerService {
     static std::vector<std::int32_t> processTree(std::int32_t root, std::string_view text);
 
   private:
-    Result<void, PortKillError> signalOne(std::int32_t pid, PortKillSignal signal,
-                                          std::int32_t currentPID) const;
-
     Tool lister_;
     Processes processes_;
 };

@@ -25,9 +25,8 @@ struct PortListener {
 
     PortListener() = default;
     /// Takes the addresses in any order.
-    PortListener(std::int32_t pid, std::string processName,
-                 std::optional<std::string> executablePath, std::int64_t port,
-                 std::vector<std::string> addresses, std::string protocolName);
+    PortListener(std::int32_t processID, std::string name, std::optional<std::string> path,
+                 std::int64_t number, std::vector<std::string> names, std::string protocol);
 
     /// What tells it from other listeners: "4242-8080-TCP".
     std::string id() const;

@@ -1,5 +1,6 @@
 #include <HostKit/ChildProcess.h>
 #include <HostKit/Collation.h>
+#include <HostKit/ListeningSockets.h>
 #include <HostKit/Number.h>
 #include <HostKit/Processes.h>
 #include <PortKit/PortScanner.h>
@@ -94,6 +95,17 @@ PortScanner::scan(const std::function<bool()>& isCancelled) const {
         return std::vector<PortListener>();
     }
     return tl::unexpected(PortScanError::lsofFailed(result.status, std::move(message)));
+}
+
+std::size_t PortScanner::countUnseen(const std::vector<PortListener>& listeners) const {
+    std::set<std::string_view> seen;
+    for (const PortListener& listener : listeners) {
+        seen.insert(listener.addresses.begin(), listener.addresses.end());
+    }
+    const std::vector<std::string> all = ListeningSockets::addresses(sources_);
+    return static_cast<std::size_t>(
+        std::count_if(all.begin(), all.end(),
+                      [&](const std::string& address) { return !seen.contains(address); }));
 }
 
 std::optional<std::string> PortScanner::executablePath(std::int32_t pid,

@@ -38,6 +38,10 @@ class PortScanner {
     Result<std::vector<PortListener>, PortScanError>
     scan(const std::function<bool()>& isCancelled = {}) const;
 
+    /// How many TCP sockets listen on this machine on addresses that none of these listeners has:
+    /// those of processes that this user may not see. `listeners` are all that a scan told.
+    std::size_t countUnseen(const std::vector<PortListener>& listeners) const;
+
     /// The path of a process's executable, as bytes; absent where the system does not tell.
     static std::optional<std::string> executablePath(std::int32_t pid,
                                                      const HostLayout::Sources& sources);

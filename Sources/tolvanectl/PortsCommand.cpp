@@ -3,7 +3,6 @@
 #include "ShownText.h"
 #include "Table.h"
 
-#include <HostKit/ListeningSockets.h>
 #include <PortKit/PortScanner.h>
 #include <Services/PortTexts.h>
 #include <Services/PortsFilter.h>
@@ -23,15 +22,6 @@ struct Look {
     /// Listening sockets whose processes this user may not see.
     std::size_t unseen = 0;
 };
-
-std::size_t countUnseen(const std::vector<PortListener>& listeners, const Host& host) {
-    std::vector<std::int32_t> pids;
-    pids.reserve(listeners.size());
-    for (const PortListener& listener : listeners) {
-        pids.push_back(listener.pid);
-    }
-    return countListeningSocketsBeyond(pids, host.layout.sources);
-}
 
 /// Waits in small steps, so that a cancellation is noticed.
 void wait(std::chrono::milliseconds time, const Console& console) {
@@ -73,7 +63,8 @@ class PortsCommand : public Command {
         const PortScanner scanner(host.layout.tools, host.layout.sources);
         return scanner.scan([&] { return console.isCancelled(); })
             .map([&](const std::vector<PortListener>& listeners) {
-                return Look{PortsFilter(query_).filtered(listeners), countUnseen(listeners, host)};
+                return Look{PortsFilter(query_).filtered(listeners),
+                            scanner.countUnseen(listeners)};
             });
     }
 

@@ -15,6 +15,8 @@
 namespace tolvane {
 namespace {
 
+using testing::ElementsAre;
+
 TEST(Processes, tellWhatTheSystemTellsOfThem) {
     const Processes here(HostLayout::current().sources);
     EXPECT_EQ(here.executablePath(::getpid()), std::filesystem::read_symlink("/proc/self/exe"));
@@ -38,32 +40,33 @@ TEST(Processes, tellWhatTheSystemTellsOfThem) {
 }
 
 TEST(Processes, neverSignalAGroup) {
-    const Processes here(HostLayout::current().sources);
     for (const std::int32_t pid : {0, -1, -::getpgrp()}) {
-        EXPECT_EQ(here.signal(pid, SIGCONT).error().code, EINVAL) << pid;
+        EXPECT_EQ(Processes::signal(pid, SIGCONT).error().code, EINVAL) << pid;
     }
-    EXPECT_TRUE(here.signal(::getpid(), SIGCONT));
+    EXPECT_TRUE(Processes::signal(::getpid(), SIGCONT));
 }
 
-TEST(ListeningSockets, areCountedBeyondThoseOfTheProcesses) {
-    const TemporaryHome proc;
-    const HostLayout::Sources sources{.proc = proc.url(), .sys = {}};
-    EXPECT_EQ(countListeningSocketsBeyond({1}, sources), 0U) << "the system tells nothing";
+TEST(ListeningSockets, areReadFromATable) {
     const std::string heading = "  sl  local_address rem_address   st tx_queue rx_queue tr\n";
-    const auto row = [](const std::string& state, const std::string& number) {
-        return "   0: 0100007F:1F90 00000000:0000 " + state +
-               " 00000000:00000000 00:00000000 00000000  1000        0 " + number + " 1 0 0\n";
+    const auto row = [](const std::string& local, const std::string& state) {
+        return "   0: " + local + " 00000000:0000 " + state + " 00000000:00000000 00:00000000\n";
     };
-    proc.write("net/tcp", heading + row("0A", "11") + row("0A", "12") + row("01", "13"));
-    proc.write("net/tcp6", heading + row("0A", "14") + row("0A", "x") + "0A\n");
-    proc.makeLink("7/fd/0", "/dev/null");
-    proc.makeLink("7/fd/5", "socket:[12]");
-    proc.makeLink("8/fd/1", "socket:[13]");
-    EXPECT_EQ(countListeningSocketsBeyond({}, sources), 3U);
-    EXPECT_EQ(countListeningSocketsBeyond({7, 8, 7, 9}, sources), 2U);
-    proc.makeLink("9/fd/1", "socket:[11]");
-    proc.makeLink("9/fd/2", "socket:[14]");
-    EXPECT_EQ(countListeningSocketsBeyond({7, 8, 7, 9}, sources), 0U);
+    EXPECT_THAT(ListeningSockets::parse(heading + row("0100007F:1F90", "0A") +
+                                        row("00000000:0016", "0A") + row("0100007F:0050", "01") +
+                                        row("0100007F:0051", "0A")),
+                ElementsAre("127.0.0.1:8080", "*:22"));
+    EXPECT_THAT(ListeningSockets::parse(heading +
+                                        row("00000000000000000000000001000000:0277", "0A") +
+                                        row("00000000000000000000000000000000:FFFF", "0A") +
+                                        row("0000000000000000FFFF00000100007F:0002", "0A") +
+                                        row("000080FE00000000FF005450B6AD1DFE:0001", "0A")),
+                ElementsAre("[::1]:631", "*:65535", "127.0.0.1:2", "[fe80::5054:ff:fe1d:adb6]:1"));
+    EXPECT_THAT(ListeningSockets::parse(heading + row("0100007F:10000", "0A") + row(":1", "0A") +
+                                        row("0100007G:1", "0A") + row("01:1", "0A")),
+                testing::IsEmpty());
+    for (const char* const text : {"", "heading", "heading\n", "heading\n\n\n", "h\n 0: x y 0A"}) {
+        EXPECT_THAT(ListeningSockets::parse(text), testing::IsEmpty()) << text;
+    }
 }
 
 TEST(Number, isReadWholeOrNotAtAll) {

@@ -13,6 +13,7 @@ namespace tolvane {
 namespace {
 
 using testing::Each;
+using std::string_literals::operator""s;
 using testing::ElementsAre;
 
 constexpr bool includeChildren = true;
@@ -53,7 +54,7 @@ TEST_F(PortKiller, ordersATreeFromItsLeaves) {
     const std::vector<std::int32_t> deep = tree(chain);
     EXPECT_EQ(deep.size(), 300'001U);
     EXPECT_EQ(deep.front(), 300'100);
-    EXPECT_THAT(tree(std::string(10'000'000, '1') + "\n" + std::string("\0\xff 100\n1\0 100", 13)),
+    EXPECT_THAT(tree(std::string(10'000'000, '1') + "\n" + "\0\xff 100\n1\0 100"s),
                 ElementsAre(100));
 }
 

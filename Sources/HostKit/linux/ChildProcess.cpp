@@ -235,7 +235,7 @@ class Child {
         return true;
     }
 
-    void leave() {
+    void leave() const {
         ::kill(pid_, SIGTERM);
         waitInBackground(pid_);
     }

@@ -1,89 +1,187 @@
 #include <HostKit/ListeningSockets.h>
-#include <HostKit/Number.h>
+#include <HostKit/linux/Contents.h>
+#include <HostKit/linux/LongPath.h>
 
-#include <dirent.h>
-#include <unistd.h>
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <linux/inet_diag.h>
+#include <linux/netlink.h>
+#include <linux/sock_diag.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
 
+#include <algorithm>
 #include <array>
-#include <fstream>
-#include <memory>
+#include <charconv>
+#include <cstdint>
+#include <cstring>
 #include <optional>
-#include <set>
-#include <sstream>
-#include <string>
+#include <system_error>
+#include <utility>
 
-namespace tolvane {
+namespace tolvane::ListeningSockets {
 namespace {
 
-using SocketNumber = std::uint64_t;
+using RawAddress = std::array<std::uint32_t, 4>;
 
-/// Adds the numbers of the listening sockets in a table of the kernel (proc(5), "net/tcp"). They
-/// come first, so that the connections of a busy server need not be read.
-void addListening(const FileURL& table, std::set<SocketNumber>& numbers) {
-    constexpr std::string_view listening = "0A";
-    std::ifstream file(table.path());
-    std::string line;
-    std::getline(file, line);
-    while (std::getline(file, line)) {
-        std::istringstream fields(line);
-        std::string skipped;
-        std::string state;
-        std::string number;
-        fields >> skipped >> skipped >> skipped >> state;
-        if (state != listening) {
-            return;
+/// `raw` is in network order; of IPv4 only the first word counts. An IPv4 address in the form of
+/// IPv6 is written as what it stands for.
+std::string addressText(int family, const RawAddress& raw, std::uint16_t port) {
+    const bool isMapped =
+        family == AF_INET6 && raw[0] == 0 && raw[1] == 0 && raw[2] == htonl(0xFFFF);
+    if (isMapped) {
+        return addressText(AF_INET, {raw[3]}, port);
+    }
+    const std::size_t words = family == AF_INET ? 1 : raw.size();
+    const bool isAny = std::all_of(raw.begin(), raw.begin() + static_cast<std::ptrdiff_t>(words),
+                                   [](std::uint32_t word) { return word == 0; });
+    std::array<char, INET6_ADDRSTRLEN> text{};
+    ::inet_ntop(family, raw.data(), text.data(), text.size());
+    const std::string host = isAny               ? "*"
+                             : family == AF_INET ? text.data()
+                                                 : "[" + std::string(text.data()) + "]";
+    return host + ":" + std::to_string(port);
+}
+
+/// The question for all listening sockets of a family (sock_diag(7)).
+struct Request {
+    nlmsghdr header{};
+    inet_diag_req_v2 body{};
+
+    explicit Request(int family) {
+        header.nlmsg_len = sizeof(Request);
+        header.nlmsg_type = SOCK_DIAG_BY_FAMILY;
+        header.nlmsg_flags = NLM_F_REQUEST | NLM_F_DUMP;
+        body.sdiag_family = static_cast<std::uint8_t>(family);
+        body.sdiag_protocol = IPPROTO_TCP;
+        body.idiag_states = 1U << TCP_LISTEN;
+    }
+};
+
+/// Takes the sockets out of one answer; whether it is the last, absent when it is a refusal.
+std::optional<bool> takeAnswer(const char* bytes, std::size_t size, int family,
+                               std::vector<std::string>& addresses) {
+    nlmsghdr header{};
+    while (size >= sizeof header) {
+        std::memcpy(&header, bytes, sizeof header);
+        if (header.nlmsg_type == NLMSG_DONE) {
+            return true;
         }
-        fields >> skipped >> skipped >> skipped >> skipped >> skipped >> number;
-        if (const auto parsed = wholeNumber<SocketNumber>(number)) {
-            numbers.insert(*parsed);
+        inet_diag_msg socket{};
+        if (header.nlmsg_type == NLMSG_ERROR || header.nlmsg_len < NLMSG_HDRLEN + sizeof socket ||
+            header.nlmsg_len > size) {
+            return std::nullopt;
+        }
+        std::memcpy(&socket, bytes + NLMSG_HDRLEN, sizeof socket);
+        RawAddress raw{};
+        std::memcpy(raw.data(), socket.id.idiag_src, sizeof raw);
+        addresses.push_back(addressText(family, raw, ntohs(socket.id.idiag_sport)));
+        const std::size_t step = std::min<std::size_t>(NLMSG_ALIGN(header.nlmsg_len), size);
+        bytes += step;
+        size -= step;
+    }
+    return false;
+}
+
+/// Asks for listening sockets alone: the text tables cost a walk over every connection there could
+/// be. False when the kernel does not answer.
+bool ask(int family, std::vector<std::string>& addresses) {
+    const Descriptor socket(::socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC, NETLINK_SOCK_DIAG));
+    const Request request(family);
+    if (!socket.isOpen() || ::send(socket.number(), &request, sizeof request, 0) < 0) {
+        return false;
+    }
+    std::vector<char> answer(65'536);
+    while (true) {
+        const ssize_t size = ::recv(socket.number(), answer.data(), answer.size(), 0);
+        if (size <= 0) {
+            return false;
+        }
+        const std::optional<bool> isLast =
+            takeAnswer(answer.data(), static_cast<std::size_t>(size), family, addresses);
+        if (!isLast || *isLast) {
+            return isLast.has_value();
         }
     }
 }
 
-/// The number in "socket:[4711]", which is what a descriptor of a socket leads to.
-std::optional<SocketNumber> socketNumber(std::string_view target) {
-    constexpr std::string_view start = "socket:[";
-    if (!target.starts_with(start) || !target.ends_with(']')) {
+std::string tableText(const FileURL& table) {
+    constexpr std::size_t largestTable = 1 << 24;
+    const Result<Descriptor, SystemError> file = openPath(table.path(), O_RDONLY);
+    return file ? readContents(*file, largestTable).value_or("") : "";
+}
+
+std::optional<std::uint32_t> hexadecimal(std::string_view text) {
+    std::uint32_t number = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number, 16);
+    return error == std::errc() && stop == text.data() + text.size() ? std::optional(number)
+                                                                     : std::nullopt;
+}
+
+/// The address in "0100007F:1F90" or the longer form of IPv6: words as they lie in memory.
+std::optional<std::string> addressIn(std::string_view field) {
+    constexpr std::size_t wordLength = 8;
+    const std::size_t separator = field.find(':');
+    if (separator != wordLength && separator != 4 * wordLength) {
         return std::nullopt;
     }
-    return wholeNumber<SocketNumber>(target.substr(start.size(), target.size() - start.size() - 1));
-}
-
-void removeHeld(const FileURL& process, std::set<SocketNumber>& numbers) {
-    const std::string path = process.appending("fd").path();
-    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(path.c_str()), &::closedir);
-    while (folder && !numbers.empty()) {
-        // NOLINTNEXTLINE(concurrency-mt-unsafe): each call has a stream of its own.
-        const dirent* const entry = ::readdir(folder.get());
-        if (entry == nullptr) {
-            return;
+    RawAddress raw{};
+    for (std::size_t i = 0; i * wordLength < separator; ++i) {
+        const auto word = hexadecimal(field.substr(i * wordLength, wordLength));
+        if (!word) {
+            return std::nullopt;
         }
-        std::array<char, 64> target{};
-        const ssize_t length =
-            ::readlinkat(::dirfd(folder.get()), entry->d_name, target.data(), target.size());
-        if (length > 0) {
-            if (const auto number =
-                    socketNumber({target.data(), static_cast<std::size_t>(length)})) {
-                numbers.erase(*number);
-            }
-        }
+        raw[i] = *word;
     }
+    const auto port = hexadecimal(field.substr(separator + 1));
+    if (!port || *port > 65'535) {
+        return std::nullopt;
+    }
+    return addressText(separator == wordLength ? AF_INET : AF_INET6, raw,
+                       static_cast<std::uint16_t>(*port));
+}
+
+/// Takes the first word off the line.
+std::string_view takeWord(std::string_view& line) {
+    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+    const std::string_view word = line.substr(0, line.find(' '));
+    line.remove_prefix(word.size());
+    return word;
 }
 
 }
 
-std::size_t countListeningSocketsBeyond(const std::vector<std::int32_t>& pids,
-                                        const HostLayout::Sources& sources) {
-    std::set<SocketNumber> numbers;
-    addListening(sources.proc.appending("net/tcp"), numbers);
-    addListening(sources.proc.appending("net/tcp6"), numbers);
-    for (const std::int32_t pid : std::set(pids.begin(), pids.end())) {
-        if (numbers.empty()) {
+std::vector<std::string> addresses(const HostLayout::Sources& sources) {
+    std::vector<std::string> found;
+    if (ask(AF_INET, found) && ask(AF_INET6, found)) {
+        return found;
+    }
+    found = parse(tableText(sources.proc.appending("net/tcp")));
+    const std::vector<std::string> six = parse(tableText(sources.proc.appending("net/tcp6")));
+    found.insert(found.end(), six.begin(), six.end());
+    return found;
+}
+
+std::vector<std::string> parse(std::string_view table) {
+    constexpr std::string_view listening = "0A";
+    std::vector<std::string> found;
+    table.remove_prefix(std::min(table.find('\n'), table.size()));
+    while (!table.empty()) {
+        table.remove_prefix(1);
+        std::string_view line = table.substr(0, table.find('\n'));
+        table.remove_prefix(line.size());
+        takeWord(line);
+        const std::string_view local = takeWord(line);
+        takeWord(line);
+        if (takeWord(line) != listening) {
             break;
         }
-        removeHeld(sources.proc.appending(std::to_string(pid)), numbers);
+        if (std::optional<std::string> address = addressIn(local)) {
+            found.push_back(std::move(*address));
+        }
     }
-    return numbers.size();
+    return found;
 }
 
 }

@@ -77,7 +77,7 @@ std::optional<StartTime> Processes::startTime(std::int32_t pid) const {
     return stat ? wholeNumber<StartTime>(fieldOf(*stat, startTimeField)) : std::nullopt;
 }
 
-Result<void, SystemError> Processes::signal(std::int32_t pid, int number) const {
+Result<void, SystemError> Processes::signal(std::int32_t pid, int number) {
     if (pid < 1) {
         return tl::unexpected(SystemError{EINVAL});
     }
