@@ -7,7 +7,11 @@ FocusScope {
     id: table
 
     required property var model
+    /// Without any there is no header.
     default property list<DataColumn> columns
+    /// A TableRow; by default one cell for each column.
+    property Component rowDelegate: DataRow {}
+    property real rowHeight: Theme.rowHeight
     property alias currentIndex: list.currentIndex
     readonly property alias count: list.count
     /// The `sortKey` of the column that the rows are sorted by.
@@ -75,7 +79,8 @@ FocusScope {
         id: header
 
         width: table.width
-        height: 30
+        height: visible ? 30 : 0
+        visible: table.columns.length > 0
         color: "transparent"
         clip: true
 
@@ -109,7 +114,7 @@ FocusScope {
         bottomMargin: 4
         contentWidth: table.contentWidth
         model: table.model
-        delegate: DataRow {}
+        delegate: table.rowDelegate
         clip: true
         focus: true
         activeFocusOnTab: true
@@ -132,7 +137,7 @@ FocusScope {
     }
 
     function handle(event: KeyEvent) {
-        const page = Math.max(1, Math.floor(list.height / Theme.rowHeight) - 1);
+        const page = Math.max(1, Math.floor(list.height / rowHeight) - 1);
         const steps = new Map([[Qt.Key_PageUp, -page], [Qt.Key_PageDown, page], [Qt.Key_Home, -count], [Qt.Key_End, count]]);
         const row = list.currentIndex;
         usesKeyboard = true;
@@ -149,7 +154,7 @@ FocusScope {
             rowToggled(row);
             event.accepted = true;
         } else if (row >= 0 && (event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)) {
-            askForMenu(row, list.currentItem, 24, Theme.rowHeight);
+            askForMenu(row, list.currentItem, 24, rowHeight);
             event.accepted = true;
         }
     }

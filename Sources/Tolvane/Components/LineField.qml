@@ -5,6 +5,9 @@ import QtQuick.Templates as T
 T.TextField {
     id: control
 
+    /// Whether the text is not what it should be.
+    property bool hasError: false
+
     implicitWidth: 220
     implicitHeight: Theme.controlHeight
     leftPadding: 10
@@ -33,7 +36,7 @@ T.TextField {
     background: Rectangle {
         radius: Theme.radius
         color: Theme.control
-        border.width: control.activeFocus ? 2 : 1
-        border.color: control.activeFocus ? Theme.focusRing : control.hovered ? Theme.secondaryText : Theme.outline
+        border.width: control.activeFocus || control.hasError ? 2 : 1
+        border.color: control.hasError ? Theme.warningText : control.activeFocus ? Theme.focusRing : control.hovered ? Theme.secondaryText : Theme.outline
     }
 }

@@ -140,6 +140,14 @@ std::optional<DuplicateIndex::Position> DuplicatesModel::fileAt(int row) const {
                                               static_cast<std::uint32_t>(row - section.row - 1));
 }
 
+bool DuplicatesModel::isHeaderAt(int row) const {
+    return hasRow(row) && sections_[sectionAt(row)].row == row;
+}
+
+bool DuplicatesModel::isCollapsedAt(int row) const {
+    return hasRow(row) && sections_[sectionAt(row)].isCollapsed;
+}
+
 const DuplicatesModel::Section* DuplicatesModel::sectionOf(std::size_t group) const {
     const auto section = std::lower_bound(
         sections_.begin(), sections_.end(), group,

@@ -76,6 +76,9 @@ class DuplicatesModel final : public tolvane::ListModel {
 
     /// Case ignored.
     Q_INVOKABLE void setFilter(const QString& text);
+    /// Whether the row is a header; false where there is no such row.
+    Q_INVOKABLE bool isHeaderAt(int row) const;
+    Q_INVOKABLE bool isCollapsedAt(int row) const;
     /// Hides the files of the group that a row is of, or shows them again.
     Q_INVOKABLE void toggleCollapsed(int row);
     Q_INVOKABLE void collapseAll();

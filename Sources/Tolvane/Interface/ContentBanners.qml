@@ -13,23 +13,15 @@ ColumnLayout {
     Layout.fillHeight: false
     spacing: 0
 
-    Banner {
+    ScreenBanner {
         objectName: "banner"
-        Layout.fillWidth: true
-        Layout.leftMargin: Theme.pageMargin
-        Layout.rightMargin: Theme.pageMargin
-        Layout.bottomMargin: Theme.spacing
         text: banners.controller.banner
         actionText: banners.controller.removal.canUndo ? qsTr("Undo") : ""
         onActionTriggered: banners.controller.undoRemoval()
         onDismissed: banners.controller.dismissBanner()
     }
-    Banner {
+    ScreenBanner {
         objectName: "partialBanner"
-        Layout.fillWidth: true
-        Layout.leftMargin: Theme.pageMargin
-        Layout.rightMargin: Theme.pageMargin
-        Layout.bottomMargin: Theme.spacing
         visible: text !== "" && banners.isResult
         kind: Banner.Warning
         text: banners.controller.isPartial ? qsTr("The scan was cancelled: this is only what had been read until then.") : ""
@@ -37,12 +29,8 @@ ColumnLayout {
         isDismissible: false
         onActionTriggered: banners.controller.scanAgain()
     }
-    Banner {
+    ScreenBanner {
         objectName: "lockedBanner"
-        Layout.fillWidth: true
-        Layout.leftMargin: Theme.pageMargin
-        Layout.rightMargin: Theme.pageMargin
-        Layout.bottomMargin: Theme.spacing
         visible: text !== "" && banners.isResult
         text: banners.controller.lockedText
         actionText: banners.controller.canGoBack ? qsTr("Scan this folder") : ""

@@ -54,25 +54,11 @@ Item {
             text: footer.controller.purgeableText
             onClicked: footer.controller.openPurgeable()
         }
-        FigureLabel {
-            objectName: "selectionText"
-            visible: text !== ""
+        SelectionActions {
             text: footer.controller.selectionText
-            font.weight: Font.Medium
-        }
-        PlainButton {
-            objectName: "clearSelection"
-            visible: footer.controller.selectedCount > 0
-            text: qsTr("Clear")
-            onClicked: footer.controller.clearSelection()
-        }
-        PrimaryButton {
-            objectName: "review"
-            visible: footer.controller.selectedCount > 0
-            enabled: footer.controller.lockedText === "" && !footer.controller.removal.isRemoving
-            iconName: "user-trash"
-            text: qsTr("Review...")
-            onClicked: footer.controller.reviewChosen()
+            canReview: footer.controller.lockedText === "" && !footer.controller.removal.isRemoving
+            onClearRequested: footer.controller.clearSelection()
+            onReviewRequested: footer.controller.prepareReview()
         }
     }
 }

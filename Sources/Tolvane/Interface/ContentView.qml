@@ -46,10 +46,25 @@ Item {
             currentIndex: view.controller.stage
 
             StartPage {
-                controller: view.controller
+                iconName: "space-analysis"
+                title: qsTr("See what fills your disk")
+                text: qsTr("Choose a folder or drop one here. Its largest folders and files are shown, and what you do not need can be moved to the Trash.")
+                actionText: qsTr("Choose folder...")
+                note: qsTr("Scanning only reads names and sizes; it changes nothing.")
+                places: view.controller.quickPlaces
+                lastPath: view.controller.lastScanPath
+                onActionTriggered: view.controller.chooseFolder()
+                onPlaceChosen: row => view.controller.scanQuickPlace(row)
+                onLastChosen: view.controller.scanLast()
+
+                AccessNotice {
+                    Layout.fillWidth: true
+                    controller: view.controller
+                }
             }
             WorkingPage {
-                controller: view.controller
+                activity: view.controller.activity
+                onCancelRequested: view.controller.cancelActivity()
             }
             ResultPage {
                 id: result
@@ -59,43 +74,31 @@ Item {
         }
     }
 
-    DropArea {
-        id: drop
-
+    FolderDrop {
         anchors.fill: parent
-        keys: ["text/uri-list"]
-        onDropped: event => {
-            view.controller.scanDropped(event.urls);
-            event.accept(Qt.CopyAction);
-        }
-
-        Rectangle {
-            anchors.fill: parent
-            anchors.margins: Theme.spacing
-            visible: drop.containsDrag
-            radius: Theme.cardRadius
-            color: Theme.accentSoft
-            opacity: 0.92
-            border.width: 2
-            border.color: Theme.accent
-
-            PlainLabel {
-                anchors.centerIn: parent
-                text: qsTr("Drop a folder to see what fills it")
-                font.pixelSize: Theme.titleText
-            }
-        }
+        text: qsTr("Drop a folder to see what fills it")
+        onFoldersDropped: urls => view.controller.scanDropped(urls)
     }
 
     ReviewSheet {
         id: review
 
-        controller: view.controller
+        removal: view.controller.removal
+        trouble: view.controller.banner
+        onRemoveRequested: view.controller.removeReviewed()
     }
     FailureSheet {
         id: failures
 
-        controller: view.controller
+        title: view.controller.failuresText
+        folders: view.controller.failureFolders
+        isShown: view.controller.showFailures
+        onDismissed: view.controller.closeFailures()
+
+        AccessNotice {
+            Layout.fillWidth: true
+            controller: view.controller
+        }
     }
     PurgeableSheet {
         id: purgeable
@@ -103,9 +106,22 @@ Item {
         controller: view.controller
     }
 
-    ContentShortcuts {
-        controller: view.controller
+    ScreenShortcuts {
+        id: keys
+
         isActive: view.visible && !view.isSheetOpen
+        isResult: view.isResult
+        isRunning: view.controller.activity.isRunning
+        canUndo: view.controller.removal.canUndo
+        onChooseRequested: view.controller.chooseFolder()
+        onScanRequested: view.controller.scanAgain()
+        onCancelRequested: view.controller.cancelActivity()
         onFilterRequested: toolbar.focusFilter()
+        onUndoRequested: view.controller.undoRemoval()
+    }
+    Shortcut {
+        enabled: keys.isActive && keys.isResult
+        sequences: ["Alt+Left"]
+        onActivated: view.controller.goBack()
     }
 }

@@ -4,18 +4,16 @@ import QtQuick.Layouts
 import Tolvane
 import Tolvane.Components
 
-/// The folders in which something could not be read.
+/// The folders in which something could not be read; children stand under their list.
 Sheet {
     id: sheet
 
-    required property ScanViewModel controller
+    /// Roles: "pathText", "countText".
+    required property Records folders
 
     objectName: "failureSheet"
-    title: sheet.controller.failuresText
     preferredWidth: 620
     defaultButton: close
-    isShown: controller.showFailures
-    onDismissed: controller.closeFailures()
 
     ListView {
         objectName: "failureRows"
@@ -23,7 +21,7 @@ Sheet {
         Layout.fillHeight: true
         Layout.preferredHeight: contentHeight
         Layout.minimumHeight: Math.min(contentHeight, 88)
-        model: sheet.controller.failureFolders
+        model: sheet.folders
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
@@ -54,10 +52,6 @@ Sheet {
             }
         }
     }
-    AccessNotice {
-        Layout.fillWidth: true
-        controller: sheet.controller
-    }
 
     buttons: [
         PrimaryButton {
@@ -65,7 +59,7 @@ Sheet {
 
             objectName: "failuresClose"
             text: qsTr("Close")
-            onClicked: sheet.controller.closeFailures()
+            onClicked: sheet.dismissed()
         }
     ]
 }

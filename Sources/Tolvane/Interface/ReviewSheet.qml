@@ -8,8 +8,11 @@ import Tolvane.Components
 Sheet {
     id: sheet
 
-    required property ScanViewModel controller
-    readonly property Removal removal: controller.removal
+    required property Removal removal
+    /// What the last try ended with; empty when there was none.
+    required property string trouble
+
+    signal removeRequested()
 
     objectName: "reviewSheet"
     title: qsTr("Move %1 to the Trash?").arg(removal.countText)
@@ -23,7 +26,7 @@ Sheet {
         objectName: "reviewError"
         Layout.fillWidth: true
         kind: Banner.Warning
-        text: sheet.controller.banner
+        text: sheet.trouble
         isDismissible: false
     }
     Banner {
@@ -34,6 +37,13 @@ Sheet {
         actionText: qsTr("Leave out the marked items")
         isDismissible: false
         onActionTriggered: sheet.removal.leaveOutTroubled()
+    }
+    Banner {
+        objectName: "reviewWarning"
+        Layout.fillWidth: true
+        kind: Banner.Warning
+        text: sheet.removal.warningText
+        isDismissible: false
     }
     ListView {
         readonly property Removal removal: sheet.removal
@@ -80,7 +90,7 @@ Sheet {
             objectName: "reviewRemove"
             enabled: !sheet.removal.isRemoving
             text: sheet.removal.isRemoving ? qsTr("Moving...") : qsTr("Move to Trash")
-            onClicked: sheet.controller.removeReviewed()
+            onClicked: sheet.removeRequested()
         }
     ]
 }

@@ -11,12 +11,15 @@ Item {
     required property string sizeText
     required property string iconName
     required property string trouble
+    required property string warning
+    /// What a person should know before this item goes; empty: nothing.
+    readonly property string remark: trouble === "" ? warning : trouble
 
     signal leftOut()
 
     implicitHeight: content.implicitHeight + Theme.spacing
     Accessible.role: Accessible.ListItem
-    Accessible.name: trouble === "" ? name + ", " + sizeText : name + ", " + sizeText + ", " + trouble
+    Accessible.name: remark === "" ? name + ", " + sizeText : name + ", " + sizeText + ", " + remark
 
     RowLayout {
         id: content
@@ -28,8 +31,8 @@ Item {
         spacing: 10
 
         Icon {
-            name: row.trouble === "" ? row.iconName : "dialog-warning"
-            color: row.trouble === "" ? Theme.secondaryText : Theme.warningText
+            name: row.remark === "" ? row.iconName : "dialog-warning"
+            color: row.remark === "" ? Theme.secondaryText : Theme.warningText
         }
         ColumnLayout {
             spacing: 0
@@ -42,8 +45,8 @@ Item {
             }
             ElidedLabel {
                 Layout.fillWidth: true
-                text: row.trouble === "" ? row.pathText : row.trouble
-                color: row.trouble === "" ? Theme.secondaryText : Theme.warningText
+                text: row.remark === "" ? row.pathText : row.remark
+                color: row.remark === "" ? Theme.secondaryText : Theme.warningText
                 font.pixelSize: Theme.smallText
                 elide: Text.ElideMiddle
             }

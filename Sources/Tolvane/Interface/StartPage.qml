@@ -4,11 +4,28 @@ import QtQuick.Layouts
 import Tolvane
 import Tolvane.Components
 
-/// What there is before the first scan: what this is for, and places to begin with.
+/// What a screen shows before its first scan: what it is for, and places to begin with.
 Item {
     id: page
 
-    required property ScanViewModel controller
+    required property string iconName
+    required property string title
+    required property string text
+    required property string actionText
+    /// What will be touched.
+    required property string note
+    /// Roles: "title", "iconName", "pathText", "isAvailable".
+    required property Records places
+    /// Offered after the places; empty: none.
+    property string lastPath
+    /// Stands above the button.
+    property alias settings: purpose.content
+    /// Stands under the places.
+    default property alias content: column.data
+
+    signal actionTriggered()
+    signal placeChosen(int row)
+    signal lastChosen()
 
     Flickable {
         anchors.fill: parent
@@ -21,25 +38,29 @@ Item {
         ColumnLayout {
             id: column
 
+            readonly property real cardWidth: (width - 2 * Theme.wideSpacing) / 3
+
             anchors.centerIn: parent
             width: Math.min(parent.width - 2 * Theme.pageMargin, 704)
             spacing: Theme.pageMargin
 
             EmptyState {
+                id: purpose
+
                 Layout.fillWidth: true
-                iconName: "space-analysis"
-                title: qsTr("See what fills your disk")
-                text: qsTr("Choose a folder or drop one here. Its largest folders and files are shown, and what you do not need can be moved to the Trash.")
-                actionText: qsTr("Choose folder...")
-                note: qsTr("Scanning only reads names and sizes; it changes nothing.")
-                onActionTriggered: page.controller.chooseFolder()
+                iconName: page.iconName
+                title: page.title
+                text: page.text
+                actionText: page.actionText
+                note: page.note
+                onActionTriggered: page.actionTriggered()
             }
             Flow {
                 Layout.fillWidth: true
                 spacing: Theme.wideSpacing
 
                 Repeater {
-                    model: page.controller.quickPlaces
+                    model: page.places
 
                     Card {
                         required property int index
@@ -53,21 +74,17 @@ Item {
                         text: title
                         note: isAvailable ? pathText : qsTr("Not there")
                     }
-                    onItemAdded: (index, item) => (item as Card).clicked.connect(() => page.controller.scanQuickPlace(index))
+                    onItemAdded: (index, item) => (item as Card).clicked.connect(() => page.placeChosen(index))
                 }
                 Card {
                     objectName: "lastScan"
-                    visible: page.controller.lastScanPath !== ""
-                    width: (column.width - 2 * Theme.wideSpacing) / 3
+                    visible: page.lastPath !== ""
+                    width: column.cardWidth
                     iconName: "document-open-recent"
                     text: qsTr("Last scanned")
-                    note: page.controller.lastScanPath
-                    onClicked: page.controller.scanLast()
+                    note: page.lastPath
+                    onClicked: page.lastChosen()
                 }
-            }
-            AccessNotice {
-                Layout.fillWidth: true
-                controller: page.controller
             }
         }
     }

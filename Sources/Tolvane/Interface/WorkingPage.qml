@@ -6,18 +6,20 @@ import Tolvane.Components
 Item {
     id: page
 
-    required property ScanViewModel controller
+    required property Activity activity
+
+    signal cancelRequested()
 
     ProgressPanel {
         objectName: "scanProgress"
         anchors.centerIn: parent
         width: Math.min(parent.width - 2 * Theme.pageMargin, 640)
-        title: page.controller.activity.title
-        path: page.controller.activity.pathText
-        counts: page.controller.activity.countsText
-        elapsed: page.controller.activity.elapsedText
-        remaining: page.controller.activity.remainingText
-        fraction: page.controller.activity.fraction
-        onCancelRequested: page.controller.cancelActivity()
+        title: page.activity.title
+        path: page.activity.pathText
+        counts: page.activity.countsText
+        elapsed: page.activity.elapsedText
+        remaining: page.activity.remainingText
+        fraction: page.activity.fraction
+        onCancelRequested: page.cancelRequested()
     }
 }
