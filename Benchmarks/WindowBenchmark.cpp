@@ -227,6 +227,46 @@ void scanWholeDisk() {
            watch.longest(), 100);
 }
 
+/// Each of the groups has three files, the first ones four.
+void makeCopies(const TemporaryHome& home, int groups, int files) {
+    constexpr int inFolder = 500;
+    for (int file = 0; file < files; ++file) {
+        const std::string place = "data/folder " + std::to_string(file / inFolder) + "/file ";
+        home.write(place + std::to_string(file),
+                   fmt::format("content of group {:>8}", file % groups));
+    }
+}
+
+void openDuplicates() {
+    constexpr int groups = 30'000;
+    constexpr int files = 100'000;
+    const TemporaryHome home;
+    makeCopies(home, groups, files);
+    Harness harness(home);
+    harness.app().showModule(1);
+    DuplicatesViewModel& controller = harness.app().duplicates();
+    controller.setMinimumSize(Bytes{1});
+    QTest::qWait(300);
+    {
+        const StallWatch watch;
+        controller.scanPath(QString::fromStdString(home.path("data")));
+        while (controller.stage() != Ui::Stage::Result) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+        }
+        QTest::qWait(300);
+        report(fmt::format("{} duplicates in {} groups, longest stall",
+                           controller.result()->duplicateFiles(), controller.groups().size()),
+               watch.longest(), 100);
+    }
+    scroll(harness, "scrolling them");
+    report("a tick in them until it is drawn",
+           untilDrawn(harness.window(), [&] { controller.toggleRow(1); }), 16);
+    report("a tick for every copy until it is drawn",
+           untilDrawn(harness.window(), [&] { controller.selectAllCopies(); }), 100);
+    report("filtering them until it is drawn",
+           untilDrawn(harness.window(), [&] { controller.rows()->setFilter("file 77"); }), 100);
+}
+
 constexpr std::string_view firstFrame = "first-frame";
 
 /// In a process of its own: everything from its start to the first frame.
@@ -262,6 +302,7 @@ int run(int count, char** arguments) {
     start(QCoreApplication::applicationFilePath());
     openLargeFolder();
     applyLargestResult();
+    openDuplicates();
     scanWholeDisk();
     return 0;
 }

@@ -2,7 +2,9 @@
 
 #include <Support/TemporaryHome.h>
 
+#include <filesystem>
 #include <string>
+#include <vector>
 
 namespace tolvane {
 
@@ -33,6 +35,31 @@ inline void fillSampleHome(const TemporaryHome& home) {
     write(".local/share/mail/archive.mbox", 1900);
     write("notes.txt", 4);
     home.makeLink("latest", "nowhere/at/all");
+}
+
+/// Files that people have twice: photographs and their backups, downloads that came again.
+inline void fillSampleCopies(const TemporaryHome& home) {
+    const auto write = [&home](std::size_t kilobytes, const std::vector<std::string>& places) {
+        std::string content = places.front();
+        content.resize(kilobytes * 1000, 'x');
+        for (const std::string& place : places) {
+            home.write("Documents/" + place, content);
+        }
+    };
+    write(9400, {"Films/Interview, uncut.mkv", "Backup 2024/Films/Interview, uncut.mkv"});
+    for (std::size_t number = 1; number <= 9; ++number) {
+        const std::string name = "IMG_" + std::to_string(4100 + number);
+        write(2600 + 130 * number, {"Pictures/Lofoten/" + name + ".raw",
+                                    "Backup 2024/Pictures/Lofoten/" + name + ".raw"});
+    }
+    write(3600, {"Incoming/debian-12.5.0-amd64-netinst.iso",
+                 "Incoming/debian-12.5.0-amd64-netinst (1).iso",
+                 "Incoming/debian-12.5.0-amd64-netinst (2).iso", "images/debian.iso"});
+    write(1300, {"Thesis/thesis.pdf", "Thesis/versions handed in/thesis, final, really final.pdf",
+                 "Backup 2024/Thesis/the version that the examiners had in the end/thesis.pdf"});
+    write(1200, {"Incoming/<b>offer<br> &amp; invoice.pdf", "Incoming/not \xff UTF-8 \xc3.pdf"});
+    std::filesystem::create_hard_link(home.path("Documents/Films/Interview, uncut.mkv"),
+                                      home.path("Documents/Films/the same by another name.mkv"));
 }
 
 }

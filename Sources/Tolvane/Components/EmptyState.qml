@@ -64,6 +64,7 @@ Item {
             id: middle
 
             Layout.alignment: Qt.AlignHCenter
+            Layout.topMargin: Theme.spacing
             visible: children.length > 0
             implicitWidth: childrenRect.width
             implicitHeight: childrenRect.height

@@ -5,8 +5,9 @@ import QtQuick.Templates as T
 T.TextField {
     id: control
 
-    /// Whether the text is not what it should be.
-    property bool hasError: false
+    /// Why the text is not what it should be; empty when it is.
+    property string errorText
+    readonly property bool hasError: errorText !== ""
 
     implicitWidth: 220
     implicitHeight: Theme.controlHeight
@@ -22,6 +23,7 @@ T.TextField {
     selectByMouse: true
     opacity: enabled ? 1 : 0.5
     Accessible.name: placeholderText
+    Accessible.description: errorText
 
     PlainLabel {
         x: control.leftPadding
@@ -31,6 +33,11 @@ T.TextField {
         text: control.placeholderText
         color: control.placeholderTextColor
         Accessible.ignored: true
+    }
+
+    LazyToolTip {
+        isWanted: control.hovered || control.activeFocus
+        text: control.errorText
     }
 
     background: Rectangle {

@@ -61,6 +61,7 @@ Rectangle {
 
             FigureLabel {
                 objectName: "progressCounts"
+                horizontalAlignment: Text.AlignLeft
                 text: panel.counts
             }
             Item {

@@ -9,6 +9,8 @@ MouseArea {
     /// The DataTable; untyped, because types that name each other do not load.
     readonly property var table: ListView.view?.parent ?? null
     readonly property bool isCurrent: ListView.isCurrentItem
+    /// Left free above what the row is drawn on.
+    property real gap: 0
     readonly property bool isMarked: table !== null && table.selectedRole !== "" && model[table.selectedRole]
 
     objectName: "row" + index
@@ -33,6 +35,7 @@ MouseArea {
 
     Rectangle {
         anchors.fill: parent
+        anchors.topMargin: area.gap
         anchors.leftMargin: 4
         anchors.rightMargin: 4
         radius: Theme.smallRadius

@@ -45,10 +45,17 @@ Item {
             }
             ElidedLabel {
                 Layout.fillWidth: true
-                text: row.remark === "" ? row.pathText : row.remark
-                color: row.remark === "" ? Theme.secondaryText : Theme.warningText
+                text: row.pathText
+                color: Theme.secondaryText
                 font.pixelSize: Theme.smallText
                 elide: Text.ElideMiddle
+            }
+            ElidedLabel {
+                Layout.fillWidth: true
+                visible: text !== ""
+                text: row.remark
+                color: Theme.warningText
+                font.pixelSize: Theme.smallText
             }
         }
         FigureLabel {

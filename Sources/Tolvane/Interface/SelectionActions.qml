@@ -13,6 +13,7 @@ RowLayout {
     signal clearRequested()
     signal reviewRequested()
 
+    Layout.fillWidth: false
     visible: text !== ""
     spacing: Theme.wideSpacing
 

@@ -38,7 +38,9 @@ Item {
         ColumnLayout {
             id: column
 
-            readonly property real cardWidth: (width - 2 * Theme.wideSpacing) / 3
+            /// Three in a line, or fewer that fill it.
+            readonly property int lineLength: Math.min(places.count + (page.lastPath === "" ? 0 : 1), 3)
+            readonly property real cardWidth: (width - (lineLength - 1) * Theme.wideSpacing) / lineLength
 
             anchors.centerIn: parent
             width: Math.min(parent.width - 2 * Theme.pageMargin, 704)
@@ -60,6 +62,8 @@ Item {
                 spacing: Theme.wideSpacing
 
                 Repeater {
+                    id: places
+
                     model: page.places
 
                     Card {
@@ -69,12 +73,15 @@ Item {
                         required property bool isAvailable
 
                         objectName: "quickPlace" + index
-                        width: ((parent?.width ?? 0) - 2 * Theme.wideSpacing) / 3
                         enabled: isAvailable
                         text: title
                         note: isAvailable ? pathText : qsTr("Not there")
                     }
-                    onItemAdded: (index, item) => (item as Card).clicked.connect(() => page.placeChosen(index))
+                    onItemAdded: (index, item) => {
+                        const card = item as Card;
+                        card.width = Qt.binding(() => column.cardWidth);
+                        card.clicked.connect(() => page.placeChosen(index));
+                    }
                 }
                 Card {
                     objectName: "lastScan"

@@ -21,6 +21,7 @@ TolvaneApp::TolvaneApp(const Host& host)
                    log_,        defaults_,  host.workspace, steadyTime}
     , chooser_(environment_)
     , spaceAnalysis_(environment_)
+    , duplicates_(environment_)
     , disk_(environment_)
     , modules_({{"title", [](const Module& module) { return module.title; }},
                 {"iconName", [](const Module& module) { return module.iconName; }},
@@ -30,7 +31,9 @@ TolvaneApp::TolvaneApp(const Host& host)
                [](const Module& module) { return module.name; }) {
     recordLaunch(host.version);
     modules_.reset({{"arborview", "Space Analysis", "circle.hexagongrid",
-                     QUrl("qrc:/Tolvane/ContentView.qml"), &spaceAnalysis_}});
+                     QUrl("qrc:/Tolvane/ContentView.qml"), &spaceAnalysis_},
+                    {"duplicates", "Duplicates", "doc.on.doc",
+                     QUrl("qrc:/Tolvane/DuplicatesScreen.qml"), &duplicates_}});
     currentModule_.setValue(firstModule());
 }
 

@@ -3,6 +3,7 @@
 #include <Services/AppLog.h>
 #include <Services/Diagnostics.h>
 
+#include <Controllers/DuplicatesViewModel.h>
 #include <Controllers/Environment.h>
 #include <Controllers/FolderChooser.h>
 #include <Controllers/ListModel.h>
@@ -49,6 +50,7 @@ class TolvaneApp : public QObject {
     SystemDisk* disk() { return &disk_; }
     FolderChooser* chooser() { return &chooser_; }
     ScanViewModel& spaceAnalysis() { return spaceAnalysis_; }
+    DuplicatesViewModel& duplicates() { return duplicates_; }
     UserDefaults& defaults() { return defaults_; }
     AppLog& log() { return log_; }
 
@@ -77,6 +79,7 @@ class TolvaneApp : public QObject {
     const Environment environment_;
     FolderChooser chooser_;
     ScanViewModel spaceAnalysis_;
+    DuplicatesViewModel duplicates_;
     SystemDisk disk_;
     RecordModel<Module> modules_;
 };
