@@ -95,9 +95,20 @@ class BinaryWalk {
         if (kind < firstContainer) {
             // One UTF-16 unit takes at most three bytes.
             copied_ += kind == utf16 ? *count * 3 : *count;
-            return copied_ <= mostBytes;
+            return copied_ <= mostBytes && (kind == data || isText(position, *count, kind));
         }
         return visitAll(position, kind == dictionary ? *count * 2 : *count, depth);
+    }
+
+    /// Whether the string has no NUL, which ends the program when a key has one.
+    bool isText(std::uint64_t position, std::uint64_t count, std::uint8_t kind) const {
+        const std::uint64_t unitSize = kind == utf16 ? 2 : 1;
+        for (std::uint64_t i = 0; i < count; ++i) {
+            if (number(position + i * unitSize, unitSize).value_or(0) == 0) {
+                return false;
+            }
+        }
+        return true;
     }
 
     bool visitAll(std::uint64_t position, std::uint64_t count, std::size_t depth) {
@@ -129,6 +140,9 @@ class TagWalk {
         : text_(text) {}
 
     bool isHarmless() {
+        if (text_.find('\0') != std::string_view::npos) {
+            return false;
+        }
         for (std::size_t start = text_.find('<'); start != std::string_view::npos;
              start = text_.find('<', position_)) {
             if (!pass(text_.substr(start), start)) {

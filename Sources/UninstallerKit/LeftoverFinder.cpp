@@ -22,7 +22,7 @@ std::vector<std::string> namesIn(const FileManager& files, const FileURL& folder
 
 }
 
-LeftoverFinder::LeftoverFinder(FileURL home, FileURL systemLibrary,
+LeftoverFinder::LeftoverFinder(const FileURL& home, const FileURL& systemLibrary,
                                std::shared_ptr<const FileManager> fileManager,
                                ProtectionPolicy policy, LeftoverTable table)
     : places_(home, systemLibrary, std::move(table))

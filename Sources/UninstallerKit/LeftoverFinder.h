@@ -22,7 +22,7 @@ namespace tolvane {
 /// time.
 class LeftoverFinder {
   public:
-    LeftoverFinder(FileURL home, FileURL systemLibrary,
+    LeftoverFinder(const FileURL& home, const FileURL& systemLibrary,
                    std::shared_ptr<const FileManager> fileManager, ProtectionPolicy policy,
                    LeftoverTable table);
 

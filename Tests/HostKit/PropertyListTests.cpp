@@ -101,7 +101,12 @@ TEST(PropertyList, refusesWhatIsBroken) {
     for (const std::string_view text : {"", "no list", "{\"json\": 1}", "<plist/>", "bplist00"}) {
         EXPECT_FALSE(PropertyList::parse(text)) << text;
     }
-    EXPECT_FALSE(PropertyList::parse(std::string(1000, '\0')));
+    const std::string nul(1, '\0');
+    for (const Strings& strings : {Strings{{"k" + nul, "v"}}, Strings{{"k", "v" + nul}}}) {
+        EXPECT_FALSE(PropertyList::parse(binaryPropertyList(strings)));
+        EXPECT_FALSE(PropertyList::parse(xmlPropertyList(strings)));
+    }
+    EXPECT_FALSE(PropertyList::parse(xmlPropertyList(Strings{{"k&#0;", "v"}})));
 }
 
 }
