@@ -57,6 +57,9 @@ void list(const std::string& path, std::vector<File>& files) {
 
 class Hasher {
   public:
+    Hasher() = default;
+    Hasher(const Hasher&) = delete;
+    Hasher& operator=(const Hasher&) = delete;
     ~Hasher() {
         EVP_MD_CTX_free(context_);
         EVP_MD_free(algorithm_);

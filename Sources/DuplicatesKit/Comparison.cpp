@@ -100,7 +100,7 @@ bool Comparison::isBefore(const Digested& a, const Digested& b) const {
         return a.reading.extent < b.reading.extent;
     }
     const auto order = a.reading.digest <=> b.reading.digest;
-    return order == 0 ? files_.isBefore(a.position, b.position) : order < 0;
+    return std::is_eq(order) ? files_.isBefore(a.position, b.position) : std::is_lt(order);
 }
 
 /// What `read` gives of the file, or gave when it was met under another name just before. Absent

@@ -13,8 +13,8 @@ constexpr Bytes headAndTail = 8192;
 std::array<std::byte, 8> bigEndian(Bytes number) {
     std::array<std::byte, 8> bytes{};
     auto rest = static_cast<std::uint64_t>(number);
-    for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
-        *byte = static_cast<std::byte>(rest & 0xFF);
+    for (std::size_t at = bytes.size(); at > 0; --at) {
+        bytes[at - 1] = static_cast<std::byte>(rest & 0xFF);
         rest >>= 8;
     }
     return bytes;
