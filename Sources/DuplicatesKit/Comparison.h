@@ -39,7 +39,7 @@ class Comparison {
                   const std::function<void(std::int64_t fingerprintedFiles)>& progress);
     /// The files of equal content among those whose fingerprints are not unique. Cancelled, it
     /// gives those that are certain by then.
-    EqualFiles confirmed(std::vector<Digested> fingerprinted);
+    EqualFiles confirmed(std::vector<Digested> alike);
 
     /// How many files the first pass came to.
     std::int64_t fingerprintedFiles() const { return fingerprintedFiles_; }

@@ -25,7 +25,8 @@ using Names = std::vector<std::string>;
 
 constexpr std::size_t chunk = 1'048'576;
 
-std::string content(std::size_t size, char filling, std::map<std::size_t, char> changes = {}) {
+std::string content(std::size_t size, char filling,
+                    const std::map<std::size_t, char>& changes = {}) {
     std::string text(size, filling);
     for (const auto& [offset, byte] : changes) {
         text[offset] = byte;
@@ -44,7 +45,7 @@ class DuplicateScan : public testing::Test {
                 return fault ? fault(operation, nameOf(url)) : std::nullopt;
             });
         DuplicateScanner scanner(std::move(options), files);
-        const DuplicateScanResult result = scanner.scan(
+        DuplicateScanResult result = scanner.scan(
             home.url(root), [this](std::int64_t count) { reported.push_back(count); },
             [this] { return isCancelled; });
         uncertain.clear();
