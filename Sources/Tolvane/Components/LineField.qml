@@ -5,6 +5,8 @@ import QtQuick.Templates as T
 T.TextField {
     id: control
 
+    /// What belongs in here, where no label says it.
+    property string hint
     /// Why the text is not what it should be; empty when it is.
     property string errorText
     readonly property bool hasError: errorText !== ""
@@ -36,8 +38,8 @@ T.TextField {
     }
 
     LazyToolTip {
-        isWanted: control.hovered || control.activeFocus
-        text: control.errorText
+        isWanted: control.hovered || control.hasError && control.activeFocus
+        text: control.hasError ? control.errorText : control.hint
     }
 
     background: Rectangle {

@@ -43,6 +43,7 @@ RowLayout {
         objectName: "minimumSize"
         Layout.preferredWidth: 96
         text: setting.controller.minimumSizeText
+        hint: setting.hasLabel ? "" : qsTr("Minimum size")
         errorText: setting.controller.minimumSizeError
         horizontalAlignment: TextInput.AlignRight
         Accessible.name: qsTr("Minimum size")
