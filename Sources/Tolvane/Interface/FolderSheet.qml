@@ -106,7 +106,7 @@ Sheet {
             id: chooseButton
 
             objectName: "folderChoose"
-            text: qsTr("Choose")
+            text: qsTr("Scan")
             onClicked: sheet.choose()
         }
     ]
