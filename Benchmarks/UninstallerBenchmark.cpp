@@ -97,11 +97,8 @@ void measure(const std::string& title, const HostLayout& layout,
                title, apps.size(), listing, items.size(), finding, claiming);
 }
 
-}
-}
-
-int main() {
-    using namespace tolvane;
+/// Everything below a folder of this run's own, which is removed at its end.
+int runAll() {
     std::string pattern = (std::filesystem::temp_directory_path() / "tolvane-apps-XXXXXX").string();
     if (::mkdtemp(pattern.data()) == nullptr) {
         std::perror("mkdtemp");
@@ -114,4 +111,11 @@ int main() {
             makeImage);
     std::filesystem::remove_all(pattern);
     return 0;
+}
+
+}
+}
+
+int main() {
+    return tolvane::runAll();
 }

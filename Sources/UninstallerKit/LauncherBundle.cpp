@@ -77,6 +77,7 @@ class PlainFolder {
             return hasPrograms_ ? std::vector{url_} : std::vector<FileURL>();
         }
         std::vector<FileURL> found;
+        found.reserve(selfContained_.size() + subfolders_.size());
         for (const std::string& name : selfContained_) {
             found.push_back(url_.appending(name));
         }

@@ -74,8 +74,8 @@ TEST_P(AppFaults, identifiersLeadNowhereElse) {
 TEST_P(AppFaults, hostileDescriptionsAreLeftOut) {
     const std::string good = xmlPropertyList(Strings{{"CFBundleIdentifier", "good"}});
     std::vector<std::string> contents{"", std::string(1000, '\0'), "\r\r", "<plist><dict>\n[x"};
-    for (const std::string& large : {good, std::string(10'000'000, '<')}) {
-        contents.push_back(large + std::string(10'000'000, ' '));
+    for (const std::string& large : {good, std::string(8'000'000, '<')}) {
+        contents.push_back(large + std::string(8'000'000, ' '));
     }
     contents.push_back(binaryObjects({binaryArray({0, 0})}));
     for (std::size_t i = 0; i < contents.size(); ++i) {

@@ -20,7 +20,7 @@ TEST(DesktopEntry, tellsTheProgramThatItStarts) {
                                      {"\"/home/a b/App Image\" %F", "/home/a b/App Image"},
                                      {R"("/a/\\"q\\"\\$x\\`y\\\\z" b)", R"(/a/"q"$x`y\z)"},
                                      {"/a\\sb", "/a"},
-                                     {"\"/a\\sb\" c", "/a b"},
+                                     {R"("/a\sb" c)", "/a b"},
                                      {"env GDK=x11 LC_ALL=C /a/run x=y", "/a/run"},
                                      {"/usr/bin/env -i \"A=1 2\" run", "run"},
                                      {"A=b run", "run"},

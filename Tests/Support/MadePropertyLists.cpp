@@ -28,7 +28,8 @@ std::string xmlPropertyList(std::string_view content) {
 std::string xmlPropertyList(const Strings& dictionary) {
     std::string entries;
     for (const auto& [key, value] : dictionary) {
-        entries += "<key>" + key + "</key><string>" + value + "</string>\n";
+        entries.append("<key>").append(key).append("</key><string>");
+        entries.append(value).append("</string>\n");
     }
     return xmlPropertyList("<dict>\n" + entries + "</dict>");
 }

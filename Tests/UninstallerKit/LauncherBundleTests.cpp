@@ -11,7 +11,6 @@ namespace tolvane {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
 /// The inventory of a system whose launchers are desktop entries.
