@@ -36,13 +36,13 @@ class DuplicatesTests : public testing::Test {
         ASSERT_TRUE(waitForResult(harness));
     }
     static bool waitForResult(Harness& harness) {
-        return harness.eventually([&] {
+        return Harness::eventually([&] {
             return controller(harness).stage() == Ui::Stage::Result &&
                    !controller(harness).isWorking();
         });
     }
     static bool banner(Harness& harness, const QString& text) {
-        return harness.eventually([&] { return controller(harness).banner() == text; });
+        return Harness::eventually([&] { return controller(harness).banner() == text; });
     }
     /// Of the file with this name, whatever its group.
     static QString rowOf(Harness& harness, const QString& name) {

@@ -24,11 +24,11 @@ class FolderSheetTests : public testing::Test {
         return harness.find("folderPath")->property("text").toString();
     }
     static bool reaches(Harness& harness, const FileURL& url) {
-        return harness.eventually([&] { return shownPathOf(harness) == shownPath(url); });
+        return Harness::eventually([&] { return shownPathOf(harness) == shownPath(url); });
     }
 
     static bool lists(Harness& harness, int folders) {
-        return harness.eventually(
+        return Harness::eventually(
             [&] { return harness.app().chooser()->folders()->count() == folders; });
     }
 
