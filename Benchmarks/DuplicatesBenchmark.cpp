@@ -10,9 +10,9 @@
 #include "Contenders.h"
 #include "MadeTree.h"
 
+#include <DuplicatesKit/DuplicateScanner.h>
 #include <HostKit/HostLayout.h>
 
-#include <DuplicatesKit/DuplicateScanner.h>
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>

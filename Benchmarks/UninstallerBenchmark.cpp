@@ -2,9 +2,9 @@
 /// one, and to tell for all its leftovers who else would claim them.
 
 #include <HostKit/HostLayout.h>
-
 #include <UninstallerKit/AppInventory.h>
 #include <UninstallerKit/LeftoverFinder.h>
+
 #include <fmt/format.h>
 
 #include <cstdio>

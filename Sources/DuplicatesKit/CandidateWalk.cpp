@@ -1,6 +1,5 @@
-#include <HostKit/DeepEnumerator.h>
-
 #include <DuplicatesKit/CandidateWalk.h>
+#include <HostKit/DeepEnumerator.h>
 
 #include <algorithm>
 #include <unordered_set>

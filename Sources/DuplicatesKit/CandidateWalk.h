@@ -1,10 +1,9 @@
 #pragma once
 
-#include <HostKit/FileManager.h>
-#include <ScanKit/ScanFailure.h>
-
 #include <DuplicatesKit/Candidates.h>
 #include <DuplicatesKit/DuplicateOptions.h>
+#include <HostKit/FileManager.h>
+#include <ScanKit/ScanFailure.h>
 
 #include <functional>
 #include <vector>

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <ScanKit/ScanFailure.h>
-
 #include <DuplicatesKit/DuplicateGroup.h>
+#include <ScanKit/ScanFailure.h>
 
 #include <cstdint>
 #include <vector>

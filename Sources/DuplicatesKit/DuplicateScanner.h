@@ -1,9 +1,8 @@
 #pragma once
 
-#include <HostKit/FileManager.h>
-
 #include <DuplicatesKit/DuplicateOptions.h>
 #include <DuplicatesKit/DuplicateScanResult.h>
+#include <HostKit/FileManager.h>
 
 #include <cstdint>
 #include <functional>

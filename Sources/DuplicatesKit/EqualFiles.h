@@ -1,10 +1,9 @@
 #pragma once
 
-#include <HostKit/Digest.h>
-
 #include <DuplicatesKit/Candidates.h>
 #include <DuplicatesKit/DuplicateGroup.h>
 #include <DuplicatesKit/Runs.h>
+#include <HostKit/Digest.h>
 
 #include <vector>
 

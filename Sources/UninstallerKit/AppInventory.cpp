@@ -1,6 +1,5 @@
 #include <HostKit/Collation.h>
 #include <ScanKit/FileSizeCalculator.h>
-
 #include <UninstallerKit/AppInventory.h>
 #include <UninstallerKit/ApplicationFolder.h>
 #include <UninstallerKit/InfoDictionary.h>

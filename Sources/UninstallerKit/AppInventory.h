@@ -2,7 +2,6 @@
 
 #include <HostKit/ApplicationPlaces.h>
 #include <HostKit/FileManager.h>
-
 #include <UninstallerKit/InstalledApp.h>
 
 #include <functional>

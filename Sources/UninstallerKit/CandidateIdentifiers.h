@@ -1,7 +1,6 @@
 #pragma once
 
 #include <HostKit/LeftoverTable.h>
-
 #include <UninstallerKit/InstalledApp.h>
 
 #include <string>

@@ -1,5 +1,4 @@
 #include <HostKit/PropertyList.h>
-
 #include <UninstallerKit/ApplicationFolder.h>
 #include <UninstallerKit/InfoDictionary.h>
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <HostKit/FileManager.h>
-
 #include <UninstallerKit/InstalledApp.h>
 
 #include <optional>

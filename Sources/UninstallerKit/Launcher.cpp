@@ -1,5 +1,4 @@
 #include <HostKit/DeepEnumerator.h>
-
 #include <UninstallerKit/Launcher.h>
 
 #include <algorithm>

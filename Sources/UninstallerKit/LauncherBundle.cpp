@@ -1,5 +1,4 @@
 #include <HostKit/Text.h>
-
 #include <UninstallerKit/ApplicationFolder.h>
 #include <UninstallerKit/InfoDictionary.h>
 #include <UninstallerKit/LauncherBundle.h>

@@ -1,5 +1,4 @@
 #include <ScanKit/FileSizeCalculator.h>
-
 #include <UninstallerKit/CandidateIdentifiers.h>
 #include <UninstallerKit/LeftoverFinder.h>
 

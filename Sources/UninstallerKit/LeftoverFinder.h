@@ -3,7 +3,6 @@
 #include <CleanupKit/ProtectionPolicy.h>
 #include <HostKit/FileManager.h>
 #include <HostKit/LeftoverTable.h>
-
 #include <UninstallerKit/InstalledApp.h>
 #include <UninstallerKit/LeftoverItem.h>
 #include <UninstallerKit/LeftoverOrigin.h>

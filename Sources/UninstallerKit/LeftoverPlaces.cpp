@@ -1,5 +1,4 @@
 #include <HostKit/Text.h>
-
 #include <UninstallerKit/CandidateIdentifiers.h>
 #include <UninstallerKit/LeftoverPlaces.h>
 

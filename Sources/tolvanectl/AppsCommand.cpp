@@ -4,9 +4,9 @@
 #include "Table.h"
 
 #include <Services/ByteFormat.h>
+#include <UninstallerKit/AppInventory.h>
 
 #include <CLI/CLI.hpp>
-#include <UninstallerKit/AppInventory.h>
 
 namespace tolvane {
 namespace {

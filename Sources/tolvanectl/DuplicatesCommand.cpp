@@ -2,11 +2,11 @@
 #include "Command.h"
 #include "DuplicatesReport.h"
 
+#include <DuplicatesKit/DuplicateScanner.h>
 #include <ScanKit/ExcludedPrefixes.h>
 #include <Services/CountFormat.h>
 
 #include <CLI/CLI.hpp>
-#include <DuplicatesKit/DuplicateScanner.h>
 
 namespace tolvane {
 namespace {

@@ -7,9 +7,9 @@
 #include <HostKit/Result.h>
 #include <PortKit/PortListener.h>
 #include <ScanKit/FullDiskAccess.h>
-
 #include <UninstallerKit/InstalledApp.h>
 #include <UninstallerKit/LeftoverItem.h>
+
 #include <nlohmann/json.hpp>
 
 #include <string>

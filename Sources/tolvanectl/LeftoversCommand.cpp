@@ -5,10 +5,10 @@
 #include "Table.h"
 
 #include <Services/ByteFormat.h>
-
-#include <CLI/CLI.hpp>
 #include <UninstallerKit/AppInventory.h>
 #include <UninstallerKit/LeftoverFinder.h>
+
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 

@@ -2,9 +2,9 @@
 #include <Support/MadePropertyLists.h>
 #include <Support/OddNames.h>
 #include <Support/TemporaryHome.h>
-
 #include <UninstallerKit/AppInventory.h>
 #include <UninstallerKit/LeftoverFinder.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+#include <DuplicatesKit/DuplicateScanner.h>
 #include <HostKit/Date.h>
 #include <HostKit/DeepEnumerator.h>
 #include <HostKit/HostLayout.h>
@@ -6,7 +7,6 @@
 #include <Support/OrdinaryUser.h>
 #include <Support/TemporaryHome.h>
 
-#include <DuplicatesKit/DuplicateScanner.h>
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>

@@ -1,9 +1,9 @@
+#include <DuplicatesKit/DuplicateScanner.h>
 #include <ScanKit/ExcludedPrefixes.h>
 #include <Support/OwnMount.h>
 #include <Support/RemovalHome.h>
 #include <Support/TreeState.h>
 
-#include <DuplicatesKit/DuplicateScanner.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>

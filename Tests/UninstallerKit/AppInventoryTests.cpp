@@ -1,8 +1,8 @@
 #include <HostKit/HostLayout.h>
 #include <Support/MadePropertyLists.h>
 #include <Support/TemporaryHome.h>
-
 #include <UninstallerKit/AppInventory.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 #include <HostKit/HostLayout.h>
 #include <Support/MadePropertyLists.h>
 #include <Support/TemporaryHome.h>
-
 #include <UninstallerKit/AppInventory.h>
 #include <UninstallerKit/RunningApp.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include <HostKit/HostLayout.h>
 #include <Support/FaultyFiles.h>
 #include <Support/TemporaryHome.h>
-
 #include <UninstallerKit/LeftoverFinder.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

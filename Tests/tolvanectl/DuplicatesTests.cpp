@@ -1,10 +1,10 @@
 #include "ProgramTest.h"
 
+#include <DuplicatesKit/DuplicateScanner.h>
 #include <HostKit/HostLayout.h>
 #include <Support/OddNames.h>
 #include <Support/TreeState.h>
 
-#include <DuplicatesKit/DuplicateScanner.h>
 #include <unistd.h>
 
 #include <csignal>

@@ -1,9 +1,9 @@
+#include <DuplicatesKit/DuplicateScanner.h>
 #include <ScanKit/ExcludedPrefixes.h>
 #include <Services/NotCounted.h>
 #include <Services/Throttle.h>
 
 #include <Controllers/DuplicateScan.h>
-#include <DuplicatesKit/DuplicateScanner.h>
 
 #include <utility>
 
