@@ -22,8 +22,8 @@ std::optional<Date> dateOf(Date number) {
 
 void Candidates::add(std::string_view folder, std::string_view name, Bytes size,
                      const ResourceValues& values) {
-    // The separator before the name is not kept.
-    const std::string_view path = folder == "/" ? std::string_view() : folder;
+    // The separator before the name is not kept. "/" ends in it, and so may a root of the settings.
+    const std::string_view path = folder.substr(0, folder.size() - (folder.ends_with('/') ? 1 : 0));
     if (levels_.empty() || current_ != path) {
         enter(path);
     }
@@ -106,7 +106,12 @@ bool Candidates::isBefore(Position a, Position b) const {
 }
 
 bool Candidates::isSameFile(Position a, Position b) const {
-    return entries_[a].identity == entries_[b].identity && entries_[a].identity != FileIdentity{};
+    const Entry& left = entries_[a];
+    const Entry& right = entries_[b];
+    // Some network file systems number their files anew as they please.
+    return left.identity == right.identity && left.identity != FileIdentity{} &&
+           left.size == right.size && dateOf(left.modified) == dateOf(right.modified) &&
+           dateOf(left.attributesModified) == dateOf(right.attributesModified);
 }
 
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <HostKit/ResourceValues.h>
-
 #include <DuplicatesKit/DuplicateFile.h>
+#include <HostKit/ResourceValues.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -38,8 +38,10 @@ DuplicateScanResult DuplicateScanner::scan(const FileURL& root, const Progress& 
     CollectedCandidates collected = collectCandidates(*files_, root, options_, isCancelled);
     const Candidates& candidates = collected.files;
     Comparison comparison(*files_, candidates, isCancelled);
-    const EqualFiles equal =
-        comparison.confirmed(comparison.fingerprinted(sharingSize(candidates), progress));
+    // To sort millions of files takes longer than a person who cancels should wait.
+    const bool isStopped = isCancelled && isCancelled();
+    const Positions order = isStopped ? Positions() : sharingSize(candidates);
+    const EqualFiles equal = comparison.confirmed(comparison.fingerprinted(order, progress));
     uncertain_ = comparison.uncertain();
     std::ranges::sort(uncertain_);
     return {root, equal.made(candidates), static_cast<std::int64_t>(candidates.count()),

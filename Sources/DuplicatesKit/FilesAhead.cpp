@@ -5,6 +5,10 @@
 namespace tolvane {
 
 FilesAhead::Opened FilesAhead::open(std::size_t index) {
+    // A file that is not wanted after all must not hold up those behind it.
+    while (!waiting_.empty() && waiting_.front().index < index) {
+        waiting_.pop_front();
+    }
     openAhead();
     if (waiting_.empty() || waiting_.front().index != index) {
         return files_.openFile(plan_.url(index));

@@ -1,3 +1,4 @@
+#include <DuplicatesKit/DuplicateScanner.h>
 #include <HostKit/HostLayout.h>
 #include <Support/FaultyFiles.h>
 #include <Support/OddNames.h>
@@ -5,7 +6,6 @@
 #include <Support/SyntheticFiles.h>
 #include <Support/TemporaryHome.h>
 
-#include <DuplicatesKit/DuplicateScanner.h>
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -176,7 +176,11 @@ TEST_F(DuplicateScan, leavesOutWhatItIsToldTo) {
         EXPECT_EQ(names(scan(options)), expected) << options.minimumSize;
     }
     home.write("Tool.app/inside too", "the same");
-    EXPECT_EQ(names(scan({1, true, {}}, "Tool.app")).size(), 1U) << "the root is no package";
+    for (const char* const root : {"Tool.app", "Tool.app/"}) {
+        EXPECT_THAT(names(scan({1, true, {}}, root)),
+                    ElementsAre(Names{"Tool.app/inside", "Tool.app/inside too"}))
+            << "the root is no package";
+    }
     home.makeLink("to root", "Tool.app");
     EXPECT_THAT(names(scan({1, true, {}}, "to root")),
                 ElementsAre(Names{"to root/inside", "to root/inside too"}));

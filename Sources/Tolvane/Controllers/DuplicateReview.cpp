@@ -3,6 +3,7 @@
 #include <Controllers/DuplicateReview.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <optional>
 #include <string>
 #include <utility>
@@ -20,7 +21,8 @@ void append(std::string& text, const std::string& sentence) {
 /// How a file differs from what was compared; empty when it does not.
 std::string differenceOf(const DuplicateFile& file, const Values& now) {
     if (!now) {
-        return "is gone";
+        const bool isGone = now.error().code == ENOENT || now.error().code == ENOTDIR;
+        return isGone ? "is gone" : "cannot be looked at: " + now.error().description();
     }
     if (file.isUnchanged(*now)) {
         return {};

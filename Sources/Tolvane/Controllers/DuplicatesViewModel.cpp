@@ -82,6 +82,9 @@ void DuplicatesViewModel::chooseRoot() {
 }
 
 void DuplicatesViewModel::scanRoot(const FileURL& root) {
+    if (isWorking_) {
+        return;
+    }
     root_ = root;
     publishRoot();
     scan();
@@ -91,6 +94,7 @@ void DuplicatesViewModel::scan() {
     // What moves files looks through the root afterwards.
     if (!isWorking_) {
         banner_ = QString();
+        removal_.closeReview();
         startScan();
     }
 }
