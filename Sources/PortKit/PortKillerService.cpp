@@ -73,19 +73,23 @@ PortKillerService::PortKillerService(const HostLayout::Tools& tools,
     : lister_(tools.processTree)
     , processes_(sources) {}
 
-Result<void, PortKillError> PortKillerService::kill(const PortListener& listener,
-                                                    PortKillSignal signal, bool includeChildren,
-                                                    std::int32_t currentPID,
-                                                    std::optional<StartTime> startTime) const {
+Result<void, PortKillError>
+PortKillerService::kill(const PortListener& listener, PortKillSignal signal, bool includeChildren,
+                        std::int32_t currentPID, std::optional<StartTime> startTime,
+                        const std::function<bool()>& isCancelled) const {
     // Before the tree is: everything descends from the first process.
     if (listener.pid < firstOrdinary) {
         return tl::unexpected(PortKillError::protectedProcess(listener.pid));
     }
+    const std::vector<std::int32_t> targets =
+        includeChildren ? processTree(listener.pid, isCancelled) : std::vector{listener.pid};
+    if (isCancelled && isCancelled()) {
+        return tl::unexpected(killError(SystemError::cancelled(), listener.pid));
+    }
+    // Behind the list, which takes a while: so the tree, too, is that of the process that is meant.
     if (startTime && processes_.startTime(listener.pid) != startTime) {
         return tl::unexpected(PortKillError::processGone(listener.pid));
     }
-    const std::vector<std::int32_t> targets =
-        includeChildren ? processTree(listener.pid) : std::vector{listener.pid};
     for (const std::int32_t pid : targets) {
         if (Result<void, PortKillError> sent = signalOne(pid, signal, currentPID); !sent) {
             return sent;
@@ -94,9 +98,12 @@ Result<void, PortKillError> PortKillerService::kill(const PortListener& listener
     return {};
 }
 
-std::vector<std::int32_t> PortKillerService::processTree(std::int32_t root) const {
+std::vector<std::int32_t>
+PortKillerService::processTree(std::int32_t root, const std::function<bool()>& isCancelled) const {
+    const ToolResult list =
+        run({.tool = lister_, .pipes = Pipes::readWhileRunning, .isCancelled = isCancelled});
     // What a list that could not be made holds is nothing.
-    return processTree(root, run({.tool = lister_, .pipes = Pipes::readWhileRunning}).output);
+    return processTree(root, list.output);
 }
 
 std::vector<std::int32_t> PortKillerService::processTree(std::int32_t root, std::string_view text) {

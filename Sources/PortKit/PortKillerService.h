@@ -8,6 +8,7 @@
 #include <PortKit/PortListener.h>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -27,11 +28,13 @@ class PortKillerService {
     /// the processes are listed.
     Result<void, PortKillError> kill(const PortListener& listener, PortKillSignal signal,
                                      bool includeChildren, std::int32_t currentPID,
-                                     std::optional<StartTime> startTime = std::nullopt) const;
+                                     std::optional<StartTime> startTime = std::nullopt,
+                                     const std::function<bool()>& isCancelled = {}) const;
 
     /// `root` and all its descendants as they are to be signalled: children before their parents,
     /// `root` last. Just `root` when the processes cannot be listed.
-    std::vector<std::int32_t> processTree(std::int32_t root) const;
+    std::vector<std::int32_t> processTree(std::int32_t root,
+                                          const std::function<bool()>& isCancelled = {}) const;
     /// The same from what the tool printed: lines of a pid and its parent's; other lines are
     /// ignored. Each process is named once, whatever the lines say.
     static std::vector<std::int32_t> processTree(std::int32_t root, std::string_view text);

@@ -44,7 +44,8 @@ std::string withoutWarnings(std::string_view message) {
         const std::string_view line = takeLine(message);
         const bool isExplanation = isWarning && (line.starts_with(' ') || line.starts_with('\t'));
         isWarning = line.starts_with("lsof: WARNING:");
-        if (!isWarning && !isExplanation) {
+        const bool isBlank = line.find_first_not_of(" \t\r") == std::string_view::npos;
+        if (!isWarning && !isExplanation && !isBlank) {
             rest += (rest.empty() ? "" : "\n") + std::string(line);
         }
     }

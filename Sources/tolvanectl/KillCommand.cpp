@@ -122,6 +122,11 @@ class KillCommand : public Command {
                 report.signalled.push_back(listener);
                 continue;
             }
+            if (!startTime) {
+                // It ended before it was told from later processes of its number.
+                report.errors.push_back(PortKillError::processGone(listener.pid).description());
+                continue;
+            }
             const std::vector<std::int32_t> tree =
                 includesChildren_ ? killer.processTree(listener.pid) : std::vector<std::int32_t>();
             const Result<void, PortKillError> sent =

@@ -235,12 +235,18 @@ class Child {
         return true;
     }
 
-    void leave() const {
+    void leave() {
+        if (hasEnded()) {
+            return;
+        }
         ::kill(pid_, SIGTERM);
         waitInBackground(pid_);
     }
 
     void makeEnd() {
+        if (hasEnded()) {
+            return;
+        }
         ::kill(pid_, SIGTERM);
         const auto end = SteadyClock::now() + patience;
         while (!hasEnded()) {
@@ -268,7 +274,11 @@ class Child {
         return first == std::string::npos ? "" : text.substr(first, last - first + 1);
     }
 
+    /// Asked for once, an end is known: from then on the number may be another process's.
     bool hasEnded() {
+        if (hasEnded_) {
+            return true;
+        }
         int status = 0;
         const pid_t ended = ::waitpid(pid_, &status, WNOHANG);
         if (ended == 0 || (ended < 0 && errno == EINTR)) {
@@ -280,10 +290,12 @@ class Child {
         } else {
             status_ = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
         }
+        hasEnded_ = true;
         return true;
     }
 
     pid_t pid_ = 0;
+    bool hasEnded_ = false;
     Stream output_;
     Stream message_;
     std::int32_t status_ = 0;
