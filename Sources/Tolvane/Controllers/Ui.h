@@ -20,5 +20,8 @@ Q_ENUM_NS(Tick)
 enum class SortKey { Name, Size, Items, Modified };
 Q_ENUM_NS(SortKey)
 
+enum class PortKey { Port, Process, Pid };
+Q_ENUM_NS(PortKey)
+
 }
 // NOLINTEND(readability-identifier-naming)
