@@ -5,6 +5,7 @@
 
 #include <Support/FaultyFiles.h>
 #include <Support/Gate.h>
+#include <Support/MadeUpTool.h>
 #include <Support/OddNames.h>
 
 #include <gtest/gtest.h>
@@ -179,6 +180,33 @@ void removeDuplicates(Scene& scene) {
     scene.harness.click("reviewRemove");
     Harness::eventually([&scene] { return duplicates(scene).removal()->canUndo(); });
     awaitDuplicates(scene);
+}
+
+/// Listeners of a machine that somebody develops on.
+void fillPorts(const TemporaryHome& home) {
+    madeUpTool(home,
+               "cat <<END\n"
+               "p631\nccupsd\nPTCP\nn127.0.0.1:631\nn[::1]:631\n"
+               "p1580\ncnginx\nPTCP\nn*:80\nn*:443\nn[::]:80\n"
+               "p4242\ncnode\nPTCP\nn127.0.0.1:3000\n"
+               "p5432\ncpostgres\nPTCP\nn127.0.0.1:5432\nn[::1]:5432\n"
+               "p777\nc<b>build</b> server for all branches\nPTCP\nn*:8080\n"
+               "p911\ncsshd\nPTCP\nn*:22\nn[::]:22\n"
+               "END",
+               "lsof");
+    home.makeLink("proc/1580/exe", "/usr/sbin/nginx");
+    home.makeLink("proc/4242/exe", "/home/anna/.local/share/versions/node/v22.1.0/bin/node");
+    home.makeLink("proc/5432/exe", "/usr/lib/postgresql/15/bin/postgres");
+    home.write("proc/net/tcp", "head\n 0: 0100007F:0CEA 00000000:0000 0A 00000000:00000000 "
+                               "00:00000000 00000000 103 0 19 1 0 100 0 0 10 0\n");
+}
+
+PortsViewModel& showPorts(Scene& scene) {
+    PortsViewModel& ports = scene.harness.app().ports();
+    scene.harness.press(Qt::Key_3, Qt::ControlModifier);
+    Harness::eventually([&ports] { return ports.hasListeners(); });
+    scene.harness.click("row2");
+    return ports;
 }
 
 const std::vector<Shot>& shots() {
@@ -422,6 +450,52 @@ const std::vector<Shot>& shots() {
                  scene.harness.type("x");
                  scene.harness.press(Qt::Key_Return);
              }},
+        {.name = "ports", .prepare = [](Scene& scene) { showPorts(scene); }, .precede = fillPorts},
+        {.name = "ports-small",
+         .prepare = [](Scene& scene) { showPorts(scene); },
+         .precede = fillPorts,
+         .size = {860, 560}},
+        {.name = "ports-kill",
+         .prepare =
+             [](Scene& scene) {
+                 showPorts(scene);
+                 scene.harness.press(Qt::Key_Delete);
+                 QTest::qWait(300);
+             },
+         .precede = fillPorts},
+        {.name = "ports-kill-all",
+         .prepare =
+             [](Scene& scene) {
+                 showPorts(scene).askToKillAll();
+                 QTest::qWait(300);
+             },
+         .precede = fillPorts},
+        {.name = "ports-menu",
+         .prepare =
+             [](Scene& scene) {
+                 showPorts(scene).copyPort("4242-3000-TCP");
+                 scene.harness.press(Qt::Key_F10, Qt::ShiftModifier);
+                 QTest::qWait(300);
+             },
+         .precede = fillPorts},
+        {.name = "ports-filter-nothing",
+         .prepare = [](Scene& scene) { showPorts(scene).setQuery("zebra"); },
+         .precede = fillPorts},
+        {.name = "ports-waiting",
+         .prepare =
+             [](Scene& scene) {
+                 scene.harness.press(Qt::Key_3, Qt::ControlModifier);
+                 Harness::eventually(
+                     [&scene] { return !scene.harness.app().ports().waitingText().isEmpty(); });
+             },
+         .precede = [](const TemporaryHome& home) { madeUpTool(home, "exec sleep 60", "lsof"); }},
+        {.name = "ports-no-tool",
+         .prepare =
+             [](Scene& scene) {
+                 scene.harness.press(Qt::Key_3, Qt::ControlModifier);
+                 Harness::eventually(
+                     [&scene] { return !scene.harness.app().ports().banner().isEmpty(); });
+             }},
         {.name = "shortcuts",
          .prepare =
              [](Scene& scene) {
@@ -449,11 +523,13 @@ Harness::Setting settingOf(const Shot& shot, Harness::Scheme scheme,
                            : std::nullopt;
             });
     };
-    if (!shot.refused.empty()) {
-        setting.layout = [](HostLayout& layout) {
+    setting.layout = [&shot](HostLayout& layout) {
+        if (!shot.refused.empty()) {
             layout.access.probes = {{"shadow", FileURL("/etc/there-is-no-such-file")}};
-        };
-    }
+        }
+        layout.tools.lsof = layout.locations.home.appending("lsof");
+        layout.sources.proc = layout.locations.home.appending("proc");
+    };
     return setting;
 }
 

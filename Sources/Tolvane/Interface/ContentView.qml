@@ -76,6 +76,7 @@ Item {
 
     FolderDrop {
         anchors.fill: parent
+        enabled: !view.isSheetOpen
         text: qsTr("Drop a folder to see what fills it")
         onFoldersDropped: urls => view.controller.scanDropped(urls)
     }

@@ -86,6 +86,7 @@ Item {
 
     FolderDrop {
         anchors.fill: parent
+        enabled: !screen.isSheetOpen
         text: qsTr("Drop a folder to find what is in it twice")
         onFoldersDropped: urls => screen.controller.scanDropped(urls)
     }

@@ -7,6 +7,7 @@
 #include <Controllers/FolderModel.h>
 #include <Controllers/Inspector.h>
 #include <Controllers/ListModel.h>
+#include <Controllers/PortsViewModel.h>
 #include <Controllers/Removal.h>
 #include <Controllers/ScanViewModel.h>
 #include <Controllers/Ui.h>
@@ -64,6 +65,13 @@ struct ListModelInQML {
     QML_FOREIGN(tolvane::ListModel)
     QML_NAMED_ELEMENT(Records)
     QML_UNCREATABLE("Made by controllers")
+};
+
+struct PortsViewModelInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::PortsViewModel)
+    QML_NAMED_ELEMENT(PortsViewModel)
+    QML_UNCREATABLE("Made by the program's entry")
 };
 
 struct RemovalInQML {

@@ -76,6 +76,8 @@ ThemedWindow {
 
     Shortcut {
         sequence: "Ctrl+Q"
+        // Also while a sheet lies over the window.
+        context: Qt.ApplicationShortcut
         onActivated: Qt.quit()
     }
     Shortcut {

@@ -7,9 +7,9 @@ Sheet {
     id: sheet
 
     readonly property var shortcuts: [
-        { keys: "Ctrl+1, Ctrl+2", text: qsTr("Show a module") },
+        { keys: "Ctrl+1 to Ctrl+3", text: qsTr("Show a module") },
         { keys: "Ctrl+O", text: qsTr("Choose a folder") },
-        { keys: "Ctrl+R, F5", text: qsTr("Scan again") },
+        { keys: "Ctrl+R, F5", text: qsTr("Scan again, or refresh") },
         { keys: "Esc", text: qsTr("Cancel, or close a sheet") },
         { keys: "Ctrl+F", text: qsTr("Filter") },
         { keys: "Return", text: qsTr("Open the item, or close a group") },
@@ -18,7 +18,7 @@ Sheet {
         { keys: "Ctrl+A", text: qsTr("Tick all items, or all copies") },
         { keys: "Left, Right", text: qsTr("Close and open a group of duplicates") },
         { keys: "Menu, Shift+F10", text: qsTr("Show what can be done with the item") },
-        { keys: "Delete", text: qsTr("Review what is ticked") },
+        { keys: "Delete", text: qsTr("Review what is ticked, or kill a process") },
         { keys: "Ctrl+Z", text: qsTr("Undo the last removal") },
         { keys: "Ctrl+Q", text: qsTr("Quit") },
         { keys: "F1", text: qsTr("Show this") }

@@ -22,6 +22,7 @@ TolvaneApp::TolvaneApp(const Host& host)
     , chooser_(environment_)
     , spaceAnalysis_(environment_)
     , duplicates_(environment_)
+    , ports_(environment_)
     , disk_(environment_)
     , modules_({{"title", [](const Module& module) { return module.title; }},
                 {"iconName", [](const Module& module) { return module.iconName; }},
@@ -33,7 +34,8 @@ TolvaneApp::TolvaneApp(const Host& host)
     modules_.reset({{"arborview", "Space Analysis", "circle.hexagongrid",
                      QUrl("qrc:/Tolvane/ContentView.qml"), &spaceAnalysis_},
                     {"duplicates", "Duplicates", "doc.on.doc",
-                     QUrl("qrc:/Tolvane/DuplicatesScreen.qml"), &duplicates_}});
+                     QUrl("qrc:/Tolvane/DuplicatesScreen.qml"), &duplicates_},
+                    {"ports", "Ports", "network", QUrl("qrc:/Tolvane/PortsScreen.qml"), &ports_}});
     currentModule_.setValue(firstModule());
 }
 

@@ -8,6 +8,7 @@
 #include <Controllers/FolderChooser.h>
 #include <Controllers/ListModel.h>
 #include <Controllers/MainThreadWorkers.h>
+#include <Controllers/PortsViewModel.h>
 #include <Controllers/RecordModel.h>
 #include <Controllers/ScanViewModel.h>
 #include <Controllers/UserDefaults.h>
@@ -51,6 +52,7 @@ class TolvaneApp : public QObject {
     FolderChooser* chooser() { return &chooser_; }
     ScanViewModel& spaceAnalysis() { return spaceAnalysis_; }
     DuplicatesViewModel& duplicates() { return duplicates_; }
+    PortsViewModel& ports() { return ports_; }
     UserDefaults& defaults() { return defaults_; }
     AppLog& log() { return log_; }
 
@@ -80,6 +82,7 @@ class TolvaneApp : public QObject {
     FolderChooser chooser_;
     ScanViewModel spaceAnalysis_;
     DuplicatesViewModel duplicates_;
+    PortsViewModel ports_;
     SystemDisk disk_;
     RecordModel<Module> modules_;
 };
