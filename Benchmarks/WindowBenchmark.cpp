@@ -4,6 +4,7 @@
 
 #include "Harness.h"
 
+#include <Support/MadeUpTool.h>
 #include <Support/SyntheticFiles.h>
 #include <Support/TemporaryHome.h>
 
@@ -267,6 +268,47 @@ void openDuplicates() {
            untilDrawn(harness.window(), [&] { controller.rows()->setFilter("file 77"); }), 100);
 }
 
+/// What lsof tells of `count` processes; every tenth is another one in each round.
+std::string listenersOf(int round, int count) {
+    std::string told;
+    for (int number = 0; number < count; ++number) {
+        const int pid = 100'000 + number + (number % 10 == 0 ? round * count : 0);
+        told += fmt::format("p{}\ncserver {}\nPTCP\nn127.0.0.1:{}\n", pid, pid * 7 % count,
+                            1024 + number);
+    }
+    return told;
+}
+
+/// Drawing the table anew is not the refresh's own cost, so it is measured once without.
+void refreshPorts(Ui::PortKey key, bool isDrawn) {
+    constexpr int listeners = 1000;
+    const TemporaryHome home;
+    const FileURL lsof = madeUpTool(home, "cat '" + home.path("told") + "'", "lsof");
+    Harness harness(home, {.layout = [&](HostLayout& layout) { layout.tools.lsof = lsof; }});
+    PortsViewModel& ports = harness.app().ports();
+    ports.setAutoRefresh(false);
+    const auto refresh = [&](int round) {
+        home.write("told", listenersOf(round, listeners));
+        ports.refresh();
+        while (ports.isScanning()) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+        }
+        QTest::qWait(50);
+    };
+    harness.app().showModule(2);
+    ports.sortBy(key);
+    refresh(0);
+    harness.app().showModule(isDrawn ? 2 : 0);
+    QTest::qWait(300);
+    const StallWatch watch;
+    for (int round = 1; round <= 20; ++round) {
+        refresh(round);
+    }
+    report(fmt::format("refreshing {} listeners by {}{}", listeners,
+                       key == Ui::PortKey::Port ? "port" : "process", isDrawn ? ", drawn" : ""),
+           watch.longest(), isDrawn ? 33 : 5);
+}
+
 constexpr std::string_view firstFrame = "first-frame";
 
 /// In a process of its own: everything from its start to the first frame.
@@ -303,6 +345,10 @@ int run(int count, char** arguments) {
     openLargeFolder();
     applyLargestResult();
     openDuplicates();
+    for (const Ui::PortKey key : {Ui::PortKey::Port, Ui::PortKey::Process}) {
+        refreshPorts(key, false);
+        refreshPorts(key, true);
+    }
     scanWholeDisk();
     return 0;
 }

@@ -64,9 +64,9 @@ std::vector<FileURL> launchersOfOthers(const FileURL& data,
             folders.push_back(shared.appending("applications"));
         }
     }
-    folders.push_back(FileURL("/var/lib/flatpak/exports/share/applications"));
+    folders.emplace_back("/var/lib/flatpak/exports/share/applications");
     folders.push_back(data.appending("flatpak/exports/share/applications"));
-    folders.push_back(FileURL("/var/lib/snapd/desktop/applications"));
+    folders.emplace_back("/var/lib/snapd/desktop/applications");
     return folders;
 }
 

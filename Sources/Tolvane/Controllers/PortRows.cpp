@@ -1,5 +1,4 @@
 #include <HostKit/Collation.h>
-#include <HostKit/Text.h>
 
 #include <Controllers/PortRows.h>
 #include <Controllers/ShownText.h>
@@ -52,7 +51,7 @@ std::vector<RecordModel<PortListener>::Role> roles() {
 }
 
 QString idOf(const PortListener& listener) {
-    return QString::fromStdString(displayText(listener.id()));
+    return QString::fromStdString(listener.id());
 }
 
 void sort(std::vector<PortListener>& rows, Ui::PortKey key, bool isDescending) {

@@ -352,9 +352,9 @@ void PortsViewModel::killAllAsked(bool force) {
 // Rows
 
 std::optional<PortListener> PortsViewModel::find(const QString& id) const {
-    const auto found =
-        std::find_if(listeners_.begin(), listeners_.end(),
-                     [&](const PortListener& row) { return PortRows::idOf(row) == id; });
+    const std::string wanted = id.toStdString();
+    const auto found = std::find_if(listeners_.begin(), listeners_.end(),
+                                    [&](const PortListener& row) { return row.id() == wanted; });
     return found == listeners_.end() ? std::nullopt : std::optional(*found);
 }
 
@@ -395,8 +395,9 @@ QString PortsViewModel::idAt(int row) const {
 
 int PortsViewModel::rowOf(const QString& id) const {
     const std::vector<PortListener>& rows = rows_.records();
+    const std::string wanted = id.toStdString();
     const auto found = std::find_if(rows.begin(), rows.end(), [&](const PortListener& row) {
-        return PortRows::idOf(row) == id;
+        return !wanted.empty() && row.id() == wanted;
     });
     return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
 }
