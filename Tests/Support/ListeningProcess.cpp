@@ -37,18 +37,18 @@ int listeningSocket(const std::string& address, std::int64_t& port) {
     return socket;
 }
 
-/// Tells its number and makes the next of the chain.
+/// Tells its number and makes the next of the chain, which does the same.
 [[noreturn]] void live(int report, const std::string& name, std::size_t processes) {
-    // So that a test that crashes leaves nothing behind for long.
-    ::alarm(90);
     if (!name.empty()) {
         ::prctl(PR_SET_NAME, name.c_str());
     }
-    const std::int32_t pid = ::getpid();
-    const bool isTold = ::write(report, &pid, sizeof pid) == sizeof pid;
-    if (isTold && processes > 1 && ::fork() == 0) {
-        live(report, name, processes - 1);
-    }
+    bool isTold = false;
+    do {
+        // So that a test that crashes leaves nothing behind for long.
+        ::alarm(90);
+        const std::int32_t pid = ::getpid();
+        isTold = ::write(report, &pid, sizeof pid) == sizeof pid;
+    } while (isTold && --processes > 0 && ::fork() == 0);
     while (true) {
         ::pause();
     }

@@ -66,9 +66,9 @@ void DuplicateSelection::selectAllCopies() {
     }
 }
 
-void DuplicateSelection::keep(Position kept) {
-    const std::size_t group = index_->groupOf(kept);
-    const Position original = index_->original(kept);
+void DuplicateSelection::keep(Position position) {
+    const std::size_t group = index_->groupOf(position);
+    const Position original = index_->original(position);
     for (Position copy = index_->first(group); copy < index_->end(group); ++copy) {
         set(copy, group, index_->original(copy) != original);
     }

@@ -343,34 +343,33 @@ QVariant DuplicatesModel::headerValue(const Section& section, int role) const {
     }
 }
 
-QVariant DuplicatesModel::fileValue(DuplicateIndex::Position position, std::size_t group,
+QVariant DuplicatesModel::fileValue(DuplicateIndex::Position file, std::size_t group,
                                     int role) const {
-    const DuplicateFile& file = index_->file(position);
+    const DuplicateFile& entry = index_->file(file);
     switch (role) {
     case Name:
     case Qt::DisplayRole:
-        return shownText(file.url.lastPathComponent());
+        return shownText(entry.url.lastPathComponent());
     case Tick:
-        return QVariant::fromValue(selection_.isSelected(position) ? Ui::Tick::All
-                                                                   : Ui::Tick::None);
+        return QVariant::fromValue(selection_.isSelected(file) ? Ui::Tick::All : Ui::Tick::None);
     case FolderText:
-        return folderText(file.url);
+        return folderText(entry.url);
     case PathText:
-        return shownPath(file.url);
+        return shownPath(entry.url);
     case ModifiedText:
-        return dateText(file.modified);
+        return dateText(entry.modified);
     case IconName:
         return iconName(FileNode::Kind::regular);
     case IsKept:
-        return selection_.kept(group) == position;
+        return selection_.kept(group) == file;
     case LinkText:
-        return index_->original(position) == position ? QString()
-                                                      : QStringLiteral("same file, frees nothing");
+        return index_->original(file) == file ? QString()
+                                              : QStringLiteral("same file, frees nothing");
     case UncertainText:
-        return index_->isUncertain(position) ? QStringLiteral("changed or could not be read whole")
-                                             : QString();
+        return index_->isUncertain(file) ? QStringLiteral("changed or could not be read whole")
+                                         : QString();
     case AccessibleText:
-        return fileSentence(position, group);
+        return fileSentence(file, group);
     case IsCollapsed:
         return false;
     default:
@@ -413,20 +412,20 @@ QString DuplicatesModel::headerSentence(const Section& section) const {
     return parts.join(QStringLiteral(", "));
 }
 
-QString DuplicatesModel::fileSentence(DuplicateIndex::Position position, std::size_t group) const {
-    QStringList parts{shownText(index_->file(position).url.lastPathComponent())};
-    const QString folder = folderText(index_->file(position).url);
+QString DuplicatesModel::fileSentence(DuplicateIndex::Position file, std::size_t group) const {
+    QStringList parts{shownText(index_->file(file).url.lastPathComponent())};
+    const QString folder = folderText(index_->file(file).url);
     if (!folder.isEmpty()) {
         parts.append(tr("in %1").arg(folder));
     }
     for (const int role : {ModifiedText, LinkText, UncertainText}) {
-        if (const QString text = fileValue(position, group, role).toString(); !text.isEmpty()) {
+        if (const QString text = fileValue(file, group, role).toString(); !text.isEmpty()) {
             parts.append(text);
         }
     }
-    if (selection_.isSelected(position)) {
+    if (selection_.isSelected(file)) {
         parts.append(tr("ticked"));
-    } else if (selection_.kept(group) == position) {
+    } else if (selection_.kept(group) == file) {
         parts.append(tr("stays"));
     }
     return parts.join(QStringLiteral(", "));

@@ -180,8 +180,8 @@ void DuplicatesViewModel::setMinimumSize(Bytes size) {
 
 void DuplicatesViewModel::apply(DuplicateScan::Result result) {
     isPartial_ = result.isCancelled;
-    replaceIndex(result.index);
     publishResult(result);
+    replaceIndex(std::move(result.index));
     isScanning_ = false;
     const DuplicateScanResult& found = index_->result();
     log(fmt::format("duplicates done groups={} wasted={} files={} errors={}", found.groups.size(),

@@ -78,6 +78,8 @@ PortsViewModel::PortsViewModel(const Environment& environment)
     patience_.setSingleShot(true);
     patience_.setInterval(usualScan);
     connect(&patience_, &QTimer::timeout, this, &PortsViewModel::publishWaiting);
+    afterSignals_.setSingleShot(true);
+    connect(&afterSignals_, &QTimer::timeout, this, &PortsViewModel::refresh);
     signalPatience_.setSingleShot(true);
     signalPatience_.setInterval(usualScan);
     connect(&signalPatience_, &QTimer::timeout, this, &PortsViewModel::publishWaiting);
@@ -298,12 +300,13 @@ void PortsViewModel::killedAll(KilledAll outcome, bool force) {
 }
 
 void PortsViewModel::refreshAfter(std::chrono::milliseconds pause) {
-    QTimer::singleShot(pause, this, &PortsViewModel::refresh);
+    afterSignals_.start(pause);
 }
 
 void PortsViewModel::askToKill(const QString& id) {
     dismissKill();
-    if ((pendingKill_ = find(id))) {
+    pendingKill_ = find(id);
+    if (pendingKill_) {
         pendingStartTime_ = startTimeOf(*pendingKill_, startTimes_);
         pendingKillText_ = shownText(PortTexts::listening(*pendingKill_));
     }

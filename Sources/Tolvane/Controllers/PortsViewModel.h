@@ -173,6 +173,7 @@ class PortsViewModel : public QObject {
     QTimer clock_;
     QTimer patience_;
     QTimer signalPatience_;
+    QTimer afterSignals_;
     Job<Nothing, PortsScan::Outcome> scanJob_;
     Job<Nothing, Killed> killJob_;
     Job<Nothing, KilledAll> killAllJob_;

@@ -11,6 +11,10 @@ namespace tolvane {
 DesktopWorkspace::DesktopWorkspace(HostLayout::Locations locations)
     : locations_(std::move(locations)) {}
 
+void DesktopWorkspace::chooseWith(FolderChooser* chooser) {
+    chooser_ = chooser;
+}
+
 void DesktopWorkspace::chooseFolder(const QString& title, const FileURL& start,
                                     std::function<void(const FileURL&)> onChosen) {
     if (chooser_) {

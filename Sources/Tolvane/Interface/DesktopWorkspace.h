@@ -15,7 +15,7 @@ class DesktopWorkspace final : public Workspace {
     explicit DesktopWorkspace(HostLayout::Locations locations);
 
     /// Where folders are chosen; nowhere before this was called.
-    void chooseWith(FolderChooser* chooser) { chooser_ = chooser; }
+    void chooseWith(FolderChooser* chooser);
 
     void chooseFolder(const QString& title, const FileURL& start,
                       std::function<void(const FileURL&)> onChosen) override;
