@@ -73,6 +73,7 @@ class PortsViewModelTests : public testing::Test {
 TEST_F(PortsViewModelTests, findsAListenerAndEndsIt) {
     ListeningProcess process({"127.0.0.1", "::1"});
     const QString id = QString::fromStdString(idOf(process));
+    const std::string pid = std::to_string(process.pid());
     start().setQuery(QString::number(process.pid()));
     refresh();
     ASSERT_THAT(ids(), ElementsAre(id.toStdString()));
@@ -92,7 +93,7 @@ TEST_F(PortsViewModelTests, findsAListenerAndEndsIt) {
     settle();
     EXPECT_THAT(process.awaitEnd(), ElementsAre(15));
     EXPECT_TRUE(controller->banner().startsWith("Sent SIGTERM to "));
-    EXPECT_TRUE(isLogged("ports kill pid=" + std::to_string(process.pid()) + " port=" +
+    EXPECT_TRUE(isLogged("ports kill pid=" + pid + " port=" +
                          std::to_string(process.ports().front()) + " force=false tree=false"));
     waitUntil([this] { return controller->rows()->count() == 0; });
     EXPECT_EQ(controller->selectedID(), "") << "what is selected has gone";

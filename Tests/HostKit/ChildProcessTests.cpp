@@ -55,10 +55,10 @@ TEST_F(ChildProcess, tellsHowAToolEndedAndWhatItWrote) {
         std::string message;
     };
     const Case cases[] = {
-        {"echo out; printf ' \\n\\terr  or\\r\\n' >&2; exit 3", 3, "out\n", "err  or"},
+        {R"(echo out; printf ' \n\terr  or\r\n' >&2; exit 3)", 3, "out\n", "err  or"},
         {"kill -TERM $$; echo still here", 128 + SIGTERM, "", ""},
         {"printf '%s|' \"$@\"", 0, "a b|$(x)||*|", ""},
-        {"printf 'a\\377z\\000'; printf '\\377' >&2", 0, std::string("a\uFFFDz\0", 6), "\uFFFD"},
+        {R"(printf 'a\377z\000'; printf '\377' >&2)", 0, std::string("a\uFFFDz\0", 6), "\uFFFD"},
         {"echo $LC_ALL $LANGUAGE", 0, "C.UTF-8\n", ""},
         {"ls /proc/self/fd | tr '\\n' ' '", 0, "0 1 2 3 ", ""}, // the last is the listed folder
         {"exec 1>&- 2>&-; sleep 0.2; exit 4", 4, "", ""}};
@@ -147,7 +147,7 @@ TEST_F(ChildProcess, leavesNoDescriptorBehind) {
 
 TEST_F(ChildProcess, startsWhatOutlivesIt) {
     const FileURL tool =
-        madeUpTool(home, "echo $LC_ALL $(ps -o sid= -p $$) $$ >\"$1.new\"; mv \"$1.new\" \"$1\"");
+        madeUpTool(home, R"(echo $LC_ALL $(ps -o sid= -p $$) $$ >"$1.new"; mv "$1.new" "$1")");
     ::setenv("LC_ALL", "C", 1);
     ASSERT_TRUE(launchDetached({tool, {home.path("told")}}));
     EXPECT_TRUE(leavesNoChild());

@@ -17,7 +17,7 @@ using testing::IsEmpty;
 class Ports : public ProgramTest {
   protected:
     /// The program asks on a terminal and is answered.
-    int answered(const std::string& answer, const std::string& words) const {
+    static int answered(const std::string& answer, const std::string& words) {
         const std::string line = TOLVANECTL " " + words;
         return runProgram({"script", "-qec", line, "/dev/null"}, {}, answer).status;
     }
