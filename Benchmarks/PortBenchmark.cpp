@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <netinet/in.h>
+#include <spawn.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -83,11 +84,21 @@ void runBare(const std::string& lsof) {
     if (::pipe(ends) != 0) {
         std::exit(1);
     }
-    const pid_t child = ::vfork();
-    if (child == 0) {
-        ::dup2(ends[1], STDOUT_FILENO);
-        ::execl(lsof.c_str(), lsof.c_str(), "-nP", "-iTCP", "-sTCP:LISTEN", "-FpcnP", nullptr);
-        ::_exit(127);
+    std::vector<std::string> words{lsof, "-nP", "-iTCP", "-sTCP:LISTEN", "-FpcnP"};
+    std::vector<char*> arguments;
+    for (std::string& word : words) {
+        arguments.push_back(word.data());
+    }
+    arguments.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    ::posix_spawn_file_actions_init(&actions);
+    ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
+    pid_t child = 0;
+    const int failure =
+        ::posix_spawn(&child, lsof.c_str(), &actions, nullptr, arguments.data(), environ);
+    ::posix_spawn_file_actions_destroy(&actions);
+    if (failure != 0) {
+        std::exit(1);
     }
     ::close(ends[1]);
     char buffer[65'536];
