@@ -17,7 +17,7 @@ void DesktopWorkspace::chooseWith(FolderChooser* chooser) {
 
 void DesktopWorkspace::chooseFolder(const QString& title, const FileURL& start,
                                     std::function<void(const FileURL&)> onChosen) {
-    if (chooser_) {
+    if (chooser_ != nullptr) {
         chooser_->ask(title, start, std::move(onChosen));
     }
 }

@@ -5,8 +5,6 @@
 #include <Controllers/FolderChooser.h>
 #include <Controllers/Workspace.h>
 
-#include <QPointer>
-
 namespace tolvane {
 
 /// The desktop that the program runs on.
@@ -14,7 +12,7 @@ class DesktopWorkspace final : public Workspace {
   public:
     explicit DesktopWorkspace(HostLayout::Locations locations);
 
-    /// Where folders are chosen; nowhere before this was called.
+    /// Where folders are chosen, as long as anybody asks; nowhere before this was called.
     void chooseWith(FolderChooser* chooser);
 
     void chooseFolder(const QString& title, const FileURL& start,
@@ -27,7 +25,7 @@ class DesktopWorkspace final : public Workspace {
 
   private:
     const HostLayout::Locations locations_;
-    QPointer<FolderChooser> chooser_;
+    FolderChooser* chooser_ = nullptr;
 };
 
 }
