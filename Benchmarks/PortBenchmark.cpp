@@ -86,6 +86,7 @@ void runBare(const std::string& lsof) {
     }
     std::vector<std::string> words{lsof, "-nP", "-iTCP", "-sTCP:LISTEN", "-FpcnP"};
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }
