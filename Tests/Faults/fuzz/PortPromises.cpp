@@ -36,7 +36,7 @@ std::string brokenListenersPromise(std::string_view bytes) {
     std::set<std::string> ids;
     for (const PortListener& listener : listeners) {
         ids.insert(listener.id());
-        if (const std::string broken = brokenListenerPromise(listener, bytes); !broken.empty()) {
+        if (std::string broken = brokenListenerPromise(listener, bytes); !broken.empty()) {
             return broken;
         }
     }
