@@ -14,8 +14,9 @@ ControllerHome::ControllerHome()
     , trash(systemTrash(layout))
     , log(layout.locations, files)
     , defaults(layout.locations.userDefaultsFile)
-    , environment_{layout, files, trash, workers_.workers(), log, defaults, workspace, steadyTime} {
-}
+    , access_(layout, files, workers_.workers(), log, workspace)
+    , environment_{layout,   files,     trash,   workers_.workers(), log,
+                   defaults, workspace, access_, steadyTime} {}
 
 Environment ControllerHome::environmentWith(std::shared_ptr<const Trash> other) const {
     Environment environment = environment_;

@@ -39,6 +39,7 @@ class ControllerHome : public TemporaryHome {
 
   private:
     MainThreadWorkers workers_;
+    AccessStatus access_;
     const Environment environment_;
 };
 

@@ -212,6 +212,36 @@ TEST_F(DuplicatesTests, theReviewWarnsOfWhatChangedAndOfGroupsThatWouldVanish) {
     EXPECT_EQ(home.read("data/Camera/IMG_1.raw"), std::string(90'000, 'P'));
 }
 
+TEST_F(DuplicatesTests, whatCouldNotBeReadIsExplainedUntilTheAccessIsThere) {
+    home.write("data/locked/file");
+    const FileURL probe = home.url("data/probe");
+    Harness harness(home, {.files =
+                               [](std::shared_ptr<const FileManager> files) {
+                                   return std::make_shared<FaultyFiles>(
+                                       std::move(files), [](FileOperation, const FileURL& url) {
+                                           return url.lastPathComponent() == "locked"
+                                                      ? std::optional(SystemError{EACCES})
+                                                      : std::nullopt;
+                                       });
+                               },
+                           .layout =
+                               [&](HostLayout& layout) {
+                                   layout.access.probes = {{"probe", probe}};
+                               }});
+    scan(harness, home);
+    harness.click("showFailures");
+    QQuickItem* const notice = harness.find("accessText");
+    ASSERT_NE(notice, nullptr);
+    EXPECT_TRUE(harness.shows(harness.app().access()->guidanceText()));
+    home.write("data/probe");
+    harness.click("recheckAccess");
+    EXPECT_TRUE(harness.eventually([&] { return !notice->isVisible(); }));
+    harness.app().log().flush();
+    EXPECT_NE(home.read(".local/state/Logs/Tolvane/scan.log")
+                  .find("fda status granted=true detail=probe is readable"),
+              std::string::npos);
+}
+
 TEST_F(DuplicatesTests, aCancelledScanOfADroppedFolderShowsThatItIsNotAll) {
     fillWithCopies(home);
     const auto gate = std::make_shared<Gate>();

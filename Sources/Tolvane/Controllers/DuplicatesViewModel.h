@@ -77,6 +77,7 @@ class DuplicatesViewModel : public QObject {
     Q_PROPERTY(tolvane::DuplicatesModel* rows READ rows CONSTANT)
     Q_PROPERTY(tolvane::Activity* activity READ activity CONSTANT)
     Q_PROPERTY(tolvane::Removal* removal READ removal CONSTANT)
+    Q_PROPERTY(tolvane::AccessStatus* access READ access CONSTANT)
     /// Roles `title`, `iconName`, `pathText`, `isAvailable`.
     Q_PROPERTY(tolvane::ListModel* quickPlaces READ quickPlaces CONSTANT)
     /// Roles `pathText`, `countText`.
@@ -86,6 +87,7 @@ class DuplicatesViewModel : public QObject {
     DuplicatesModel* rows() { return &rows_; }
     Activity* activity() { return &activity_; }
     Removal* removal() { return &removal_; }
+    AccessStatus* access() { return &environment_.access; }
     ListModel* quickPlaces() { return &quickPlaces_; }
     ListModel* failureFolders() { return &failureFolders_; }
 

@@ -7,6 +7,7 @@
 #include <Services/AppLog.h>
 #include <Services/Workers.h>
 
+#include <Controllers/AccessStatus.h>
 #include <Controllers/UserDefaults.h>
 #include <Controllers/Workspace.h>
 
@@ -24,6 +25,7 @@ struct Environment {
     AppLog& log;
     UserDefaults& defaults;
     Workspace& workspace;
+    AccessStatus& access;
     /// Seconds of a clock that never runs backwards: what controllers measure spans with.
     Clock clock;
 };

@@ -64,8 +64,6 @@ ScanViewModel::ScanViewModel(const Environment& environment)
     lastScanPath_ = last ? shownPath(*last) : QString();
     const std::optional<QString> view = environment.defaults.text(viewKey);
     spaceAnalysisView_ = view == listView ? QString(listView) : QString(gridView);
-    fda_ = FullDiskAccess::status(environment.layout.access, *environment.files);
-    publishFDA();
 }
 
 ScanViewModel::~ScanViewModel() = default;
@@ -85,8 +83,7 @@ void ScanViewModel::scan(const FileURL& url, const QString& origin) {
     isScanning_ = true;
     scanStartedAt_ = environment_.clock();
     expected_ = statistics_.expected(url);
-    fda_ = FullDiskAccess::status(environment_.layout.access, *environment_.files);
-    publishFDA();
+    environment_.access.refresh();
     environment_.defaults.setPath(lastScanPathKey, url);
     lastScanPath_ = shownPath(url);
     log("scan start path=" + url.path() + " origin=" + origin.toStdString());
@@ -442,11 +439,6 @@ void ScanViewModel::publishStage() {
     const Ui::Stage settled = path_.empty() ? Ui::Stage::Start : Ui::Stage::Result;
     stage_ = isWorking ? Ui::Stage::Working : settled;
     activity_.setRunning(isWorking || isLoadingFolder_);
-}
-
-void ScanViewModel::publishFDA() {
-    isFullDiskAccessGranted_ = fda_.granted;
-    fullDiskAccessText_ = shownText(fda_.guidance());
 }
 
 void ScanViewModel::publishFolder() {

@@ -2,7 +2,6 @@
 
 #include <ArborviewKit/SelectionModel.h>
 #include <ArborviewKit/Treemap.h>
-#include <ScanKit/FullDiskAccess.h>
 #include <ScanKit/ScanFailure.h>
 #include <ScanKit/ScanProgress.h>
 #include <Services/Job.h>
@@ -72,8 +71,6 @@ class ScanViewModel : public QObject {
     PUBLISHED(ScanViewModel, QString, emptyText)
     /// Why nothing of this scan can be removed; empty when it can.
     PUBLISHED(ScanViewModel, QString, lockedText)
-    PUBLISHED(ScanViewModel, bool, isFullDiskAccessGranted)
-    PUBLISHED(ScanViewModel, QString, fullDiskAccessText)
     /// Path of the last scan; empty before the first.
     PUBLISHED(ScanViewModel, QString, lastScanPath)
     /// Whether `goBack` leads anywhere.
@@ -86,6 +83,7 @@ class ScanViewModel : public QObject {
     Q_PROPERTY(tolvane::Inspector* inspector READ inspector CONSTANT)
     Q_PROPERTY(tolvane::Activity* activity READ activity CONSTANT)
     Q_PROPERTY(tolvane::Removal* removal READ removal CONSTANT)
+    Q_PROPERTY(tolvane::AccessStatus* access READ access CONSTANT)
     Q_PROPERTY(tolvane::ListModel* quickPlaces READ quickPlaces CONSTANT)
     Q_PROPERTY(tolvane::ListModel* failureFolders READ failureFolders CONSTANT)
     Q_PROPERTY(tolvane::ListModel* purgeable READ purgeable CONSTANT)
@@ -96,6 +94,7 @@ class ScanViewModel : public QObject {
     Inspector* inspector() { return &inspector_; }
     Activity* activity() { return &activity_; }
     Removal* removal() { return &removal_; }
+    AccessStatus* access() { return &environment_.access; }
     ListModel* quickPlaces() { return &quickPlaces_; }
     ListModel* failureFolders() { return &failureFolders_; }
     ListModel* purgeable() { return &purgeable_; }
@@ -114,7 +113,7 @@ class ScanViewModel : public QObject {
     const std::optional<ScanProgress>& progress() const { return progress_; }
     const std::optional<ScanProgress>& folderProgress() const { return folderProgress_; }
     const std::vector<ScanFailure>& failures() const { return failures_; }
-    const FullDiskAccessStatus& fda() const { return fda_; }
+    const FullDiskAccessStatus& fda() const { return environment_.access.status(); }
     const std::optional<FileURL>& scannedURL() const { return scannedURL_; }
     Bytes selectedSize() const { return selection_.selectedSize(); }
     const std::optional<FileNode>& inspected() const { return inspected_; }
@@ -188,7 +187,6 @@ class ScanViewModel : public QObject {
     Q_INVOKABLE void closePurgeable();
     Q_INVOKABLE void setSpaceAnalysisView(const QString& view);
     Q_INVOKABLE void refreshFDA();
-    Q_INVOKABLE void openFullDiskAccessSettings();
     Q_INVOKABLE void relaunch();
     /// Regular files that the system may reclaim, largest first.
     std::vector<FileNode> purgeableFiles(std::size_t limit) const;
@@ -245,7 +243,6 @@ class ScanViewModel : public QObject {
     Seconds activeElapsed() const;
     Activity::State activityState() const;
     void publishStage();
-    void publishFDA();
     void publishFolder();
     void publishScanned(const DiskScan::Result& result);
     void log(const std::string& message) const;
@@ -269,7 +266,6 @@ class ScanViewModel : public QObject {
     std::optional<ScanProgress> folderProgress_;
     std::vector<ScanFailure> failures_;
     std::vector<std::string> excludedPrefixes_;
-    FullDiskAccessStatus fda_;
     std::optional<FileURL> scannedURL_;
     std::optional<FileNode> inspected_;
     std::optional<Date> scanStartedAt_;

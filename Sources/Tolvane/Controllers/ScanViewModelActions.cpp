@@ -261,17 +261,11 @@ void ScanViewModel::setSpaceAnalysisView(const QString& view) {
 }
 
 void ScanViewModel::refreshFDA() {
-    fda_ = FullDiskAccess::status(environment_.layout.access, *environment_.files);
-    publishFDA();
-    log(fmt::format("fda status granted={} detail={}", fda_.granted, fda_.detail));
-}
-
-void ScanViewModel::openFullDiskAccessSettings() {
-    environment_.workspace.openSettingsPane(SettingsPane::fullDiskAccess);
+    environment_.access.recheck();
 }
 
 void ScanViewModel::relaunch() {
-    environment_.workspace.relaunch();
+    environment_.access.relaunch();
 }
 
 }

@@ -3,14 +3,16 @@ import QtQuick.Layouts
 import Tolvane
 import Tolvane.Components
 
-/// What keeps the program from reading everything, and what can be done about it. Takes no room when
-/// nothing does.
+/// What kept the last run of a screen from reading everything, and what can be done about it. Takes
+/// no room when nothing did.
 Rectangle {
     id: notice
 
-    required property ScanViewModel controller
+    required property AccessStatus access
+    /// Whether the last run recorded any.
+    required property bool hasFailures
 
-    visible: !controller.isFullDiskAccessGranted
+    visible: hasFailures && !access.isGranted
     implicitHeight: row.implicitHeight + Theme.wideSpacing
     radius: Theme.radius
     color: Theme.surface
@@ -33,7 +35,7 @@ Rectangle {
         PlainLabel {
             objectName: "accessText"
             Layout.fillWidth: true
-            text: notice.controller.fullDiskAccessText
+            text: notice.access.guidanceText
             color: Theme.secondaryText
             font.pixelSize: Theme.smallText
             wrapMode: Text.Wrap
@@ -41,11 +43,12 @@ Rectangle {
         PlainButton {
             objectName: "recheckAccess"
             text: qsTr("Recheck")
-            onClicked: notice.controller.refreshFDA()
+            onClicked: notice.access.recheck()
         }
         PlainButton {
+            objectName: "openAccessSettings"
             text: qsTr("Open Settings")
-            onClicked: notice.controller.openFullDiskAccessSettings()
+            onClicked: notice.access.openSettings()
         }
     }
 }

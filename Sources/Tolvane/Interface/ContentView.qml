@@ -56,11 +56,6 @@ Item {
                 onActionTriggered: view.controller.chooseFolder()
                 onPlaceChosen: row => view.controller.scanQuickPlace(row)
                 onLastChosen: view.controller.scanLast()
-
-                AccessNotice {
-                    Layout.fillWidth: true
-                    controller: view.controller
-                }
             }
             WorkingPage {
                 activity: view.controller.activity
@@ -94,12 +89,8 @@ Item {
         title: view.controller.failuresText
         folders: view.controller.failureFolders
         isShown: view.controller.showFailures
+        access: view.controller.access
         onDismissed: view.controller.closeFailures()
-
-        AccessNotice {
-            Layout.fillWidth: true
-            controller: view.controller
-        }
     }
     PurgeableSheet {
         id: purgeable

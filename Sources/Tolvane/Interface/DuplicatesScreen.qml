@@ -104,6 +104,7 @@ Item {
         title: screen.controller.failuresText
         folders: screen.controller.failureFolders
         isShown: screen.controller.showFailures
+        access: screen.controller.access
         onDismissed: screen.controller.closeFailures()
     }
 

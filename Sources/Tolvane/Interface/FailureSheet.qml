@@ -4,12 +4,13 @@ import QtQuick.Layouts
 import Tolvane
 import Tolvane.Components
 
-/// The folders in which something could not be read; children stand under their list.
+/// The folders in which something could not be read, and whether a missing right is why.
 Sheet {
     id: sheet
 
     /// Roles: "pathText", "countText".
     required property Records folders
+    required property AccessStatus access
 
     objectName: "failureSheet"
     preferredWidth: 620
@@ -51,6 +52,12 @@ Sheet {
                 color: Theme.secondaryText
             }
         }
+    }
+
+    AccessNotice {
+        Layout.fillWidth: true
+        access: sheet.access
+        hasFailures: sheet.folders.count > 0
     }
 
     buttons: [

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Controllers/AccessStatus.h>
 #include <Controllers/Activity.h>
 #include <Controllers/DuplicatesModel.h>
 #include <Controllers/DuplicatesViewModel.h>
@@ -16,6 +17,13 @@
 // What QML knows of the controllers, which know nothing of QML.
 
 namespace tolvane {
+
+struct AccessStatusInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::AccessStatus)
+    QML_NAMED_ELEMENT(AccessStatus)
+    QML_UNCREATABLE("Made by the program's entry")
+};
 
 struct ActivityInQML {
     Q_GADGET

@@ -20,8 +20,6 @@ Item {
     property string lastPath
     /// Stands above the button.
     property alias settings: purpose.content
-    /// Stands under the places.
-    default property alias content: column.data
 
     signal actionTriggered()
     signal placeChosen(int row)

@@ -1,5 +1,3 @@
-#include <ScanKit/FullDiskAccess.h>
-
 #include <Interface/TolvaneApp.h>
 
 #include <algorithm>
@@ -17,8 +15,9 @@ TolvaneApp::TolvaneApp(const Host& host)
     : log_(host.layout.locations, host.files)
     , diagnostics_(host.layout.locations, log_, host.files)
     , defaults_(host.layout.locations.userDefaultsFile)
-    , environment_{host.layout, host.files, host.trash,     workers_.workers(),
-                   log_,        defaults_,  host.workspace, steadyTime}
+    , access_(host.layout, host.files, workers_.workers(), log_, host.workspace)
+    , environment_{host.layout, host.files,     host.trash, workers_.workers(), log_,
+                   defaults_,   host.workspace, access_,    steadyTime}
     , chooser_(environment_)
     , spaceAnalysis_(environment_)
     , duplicates_(environment_)
@@ -55,8 +54,7 @@ void TolvaneApp::scanNamed(const FileURL& folder) {
 void TolvaneApp::recordLaunch(const std::string& version) {
     log_.write("app launch version=" + (version.empty() ? "?" : version));
     diagnostics_.recordLaunch();
-    const FullDiskAccessStatus status =
-        FullDiskAccess::status(environment_.layout.access, *environment_.files);
+    const FullDiskAccessStatus& status = access_.status();
     log_.write("fda launch granted=" + truth(status.granted) +
                " confirmed=" + truth(status.confirmed) + " detail=" + status.detail);
 }

@@ -3,6 +3,7 @@
 #include <Services/AppLog.h>
 #include <Services/Diagnostics.h>
 
+#include <Controllers/AccessStatus.h>
 #include <Controllers/DuplicatesViewModel.h>
 #include <Controllers/Environment.h>
 #include <Controllers/FolderChooser.h>
@@ -30,6 +31,7 @@ class TolvaneApp : public QObject {
     PUBLISHED(TolvaneApp, int, currentModule)
     Q_PROPERTY(tolvane::ListModel* modules READ modules CONSTANT)
     Q_PROPERTY(tolvane::SystemDisk* disk READ disk CONSTANT)
+    Q_PROPERTY(tolvane::AccessStatus* access READ access CONSTANT)
     Q_PROPERTY(tolvane::FolderChooser* chooser READ chooser CONSTANT)
 
   public:
@@ -49,6 +51,7 @@ class TolvaneApp : public QObject {
 
     ListModel* modules() { return &modules_; }
     SystemDisk* disk() { return &disk_; }
+    AccessStatus* access() { return &access_; }
     FolderChooser* chooser() { return &chooser_; }
     ScanViewModel& spaceAnalysis() { return spaceAnalysis_; }
     DuplicatesViewModel& duplicates() { return duplicates_; }
@@ -78,6 +81,7 @@ class TolvaneApp : public QObject {
     Diagnostics diagnostics_;
     UserDefaults defaults_;
     MainThreadWorkers workers_;
+    AccessStatus access_;
     const Environment environment_;
     FolderChooser chooser_;
     ScanViewModel spaceAnalysis_;
