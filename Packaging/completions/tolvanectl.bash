@@ -2,11 +2,11 @@
 
 _tolvanectl() {
     local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' each
-    local commands='scan size access duplicates apps leftovers trash restore ports kill log' options='--help --json --version'
+    local commands='scan size access duplicates apps leftovers check trash restore ports kill log' options='--help --json --version'
 
     for each in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $each in
-        scan | size | access | duplicates | apps | leftovers | trash | restore | ports | kill | log)
+        scan | size | access | duplicates | apps | leftovers | check | trash | restore | ports | kill | log)
             command=$each
             break
             ;;
@@ -17,6 +17,7 @@ _tolvanectl() {
     duplicates) options+=' --minimum-size --include-hidden --exclude --print0' ;;
     apps) options+=' --system --sizes' ;;
     leftovers) options+=' --system-level' ;;
+    check) options+=' --duplicates-root --no-duplicates --system-apps' ;;
     trash) options+=' --within --dry-run' ;;
     ports) options+=' --watch' ;;
     kill) options+=' --pid --force --tree --yes' ;;
@@ -26,7 +27,7 @@ _tolvanectl() {
     COMPREPLY=()
     case $previous in
     --set | --depth | --top | --size | --minimum-size | --pid | --bytes) return ;;
-    --within | --exclude)
+    --within | --exclude | --duplicates-root)
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -d -- "$word")
         return

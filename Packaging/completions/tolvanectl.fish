@@ -1,6 +1,6 @@
 # Completion of tolvanectl for fish.
 
-set -l commands scan size access duplicates apps leftovers trash restore ports kill log
+set -l commands scan size access duplicates apps leftovers check trash restore ports kill log
 
 complete -c tolvanectl -f
 complete -c tolvanectl -s h -l help -d 'Print the options and exit'
@@ -13,6 +13,7 @@ complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a access 
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a duplicates -d 'Find files of equal content'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a apps -d 'List the installed applications'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a leftovers -d 'Show what an application leaves behind'
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a check -d 'Measure what could be reclaimed'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a trash -d 'Move items to the Trash'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a restore -d 'Put back what trash moved'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a ports -d 'List the processes that listen on the network'
@@ -35,6 +36,9 @@ complete -c tolvanectl -n '__fish_seen_subcommand_from duplicates' -x -a '(__fis
 complete -c tolvanectl -n '__fish_seen_subcommand_from apps' -l system -d "Include the system's own applications"
 complete -c tolvanectl -n '__fish_seen_subcommand_from apps' -l sizes -d 'Measure each application'
 complete -c tolvanectl -n '__fish_seen_subcommand_from leftovers' -l system-level -d 'Look in the folders of the whole system too'
+complete -c tolvanectl -n '__fish_seen_subcommand_from check' -x -l duplicates-root -a '(__fish_complete_directories)' -d 'Look for duplicates in this folder'
+complete -c tolvanectl -n '__fish_seen_subcommand_from check' -l no-duplicates -d 'Do not look for duplicates'
+complete -c tolvanectl -n '__fish_seen_subcommand_from check' -l system-apps -d "Include the system's own applications"
 complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -x -l within -a '(__fish_complete_directories)' -d 'A folder the items must lie in'
 complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -l dry-run -d 'Only tell what would be moved'
 complete -c tolvanectl -n '__fish_seen_subcommand_from trash' -F

@@ -110,6 +110,10 @@ HostLayout HostLayout::darwin(const FileURL& home) {
                            .systemFolders = {"/System/Applications"},
                            .systemPrefixes = {"/System"}};
     layout.leftovers = LeftoverTable::darwin();
+    layout.junkRoots = {library.appending("Caches"), library.appending("Logs"),
+                        library.appending("Developer/Xcode/DerivedData"),
+                        library.appending("Application Support/CrashReporter"),
+                        layout.locations.homeTrash};
     layout.quickLocations = {{"Home", "house", home},
                              {"Downloads", "arrow.down.circle", downloads},
                              {"Applications", "square.grid.2x2", FileURL("/Applications")},
@@ -150,6 +154,9 @@ HostLayout HostLayout::freedesktop(const FileURL& home, const EnvironmentVariabl
     layout.applications = applicationPlaces(data, environment);
     layout.leftovers = LeftoverTable::freedesktop({home, data, config, cache, state},
                                                   launchersOfOthers(data, environment));
+    // Of the state only the logs: histories and what a program was about lie there too.
+    layout.junkRoots = {cache, state.appending("Logs"), home.appending(".gradle/caches"),
+                        FileURL("/var/lib/systemd/coredump"), layout.locations.homeTrash};
     layout.quickLocations = {{"Home", "house", home},
                              {"Downloads", "arrow.down.circle", downloads},
                              {"Applications", "square.grid.2x2", home.appending("Applications")},

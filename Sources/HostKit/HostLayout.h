@@ -80,6 +80,9 @@ struct HostLayout {
     Exclusions exclusions;
     ApplicationPlaces applications;
     LeftoverTable leftovers;
+    /// Folders of caches, logs, build products, crash reports and what was thrown away, in this
+    /// order.
+    std::vector<FileURL> junkRoots;
     std::vector<QuickPlace> quickLocations;
     Tools tools;
     Sources sources;

@@ -28,6 +28,7 @@ class Command {
 
 std::unique_ptr<Command> makeAccessCommand();
 std::unique_ptr<Command> makeAppsCommand();
+std::unique_ptr<Command> makeCheckCommand();
 std::unique_ptr<Command> makeDuplicatesCommand();
 std::unique_ptr<Command> makeKillCommand();
 std::unique_ptr<Command> makeLeftoversCommand();

@@ -123,16 +123,7 @@ std::vector<const DuplicateFile*> removableCopies(const DuplicatesReport& report
     return copies;
 }
 
-void printAsText(Console& console, const Host& host, const DuplicatesReport& report) {
-    printTotals(console, report);
-    for (const DuplicateGroup& group : report.result.groups) {
-        printGroup(console, report, group);
-    }
-    printLeftOut(console, host, report);
-}
-
-void printAsJson(Output& out, const DuplicatesReport& report) {
-    const DuplicateScanResult& result = report.result;
+void writeResult(Output& out, const DuplicateScanResult& result, bool isPartial) {
     NodeWriter writer(out);
     out.append("{");
     writer.writePath("root", result.root.path());
@@ -147,9 +138,20 @@ void printAsJson(Output& out, const DuplicatesReport& report) {
         R"(],"scannedFiles":{},"candidateFiles":{},"wastedBytes":{},"duplicateFiles":{},"errors":)",
         result.scannedFiles, result.candidateFiles, result.wastedBytes(), result.duplicateFiles());
     writeFailures(out, writer, result.errors);
-    out.format(R"(,"cancelled":{}}})"
-               "\n",
-               report.isPartial);
+    out.format(R"(,"cancelled":{}}})", isPartial);
+}
+
+void printAsText(Console& console, const Host& host, const DuplicatesReport& report) {
+    printTotals(console, report);
+    for (const DuplicateGroup& group : report.result.groups) {
+        printGroup(console, report, group);
+    }
+    printLeftOut(console, host, report);
+}
+
+void printAsJson(Output& out, const DuplicatesReport& report) {
+    writeResult(out, report.result, report.isPartial);
+    out.append("\n");
 }
 
 void printCopies(Output& out, const DuplicatesReport& report) {

@@ -27,6 +27,9 @@ struct DuplicatesReport {
 /// another name, none that may not be equal to it. The pointers are into `report`.
 std::vector<const DuplicateFile*> removableCopies(const DuplicatesReport& report);
 
+/// The result as one JSON object.
+void writeResult(Output& out, const DuplicateScanResult& result, bool isPartial);
+
 void printAsText(Console& console, const Host& host, const DuplicatesReport& report);
 void printAsJson(Output& out, const DuplicatesReport& report);
 /// The paths of the removable copies, each ended by a NUL.

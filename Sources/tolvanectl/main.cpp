@@ -26,13 +26,14 @@ struct Entry {
     std::unique_ptr<Command> (*make)();
 };
 
-constexpr std::array<Entry, 11> commands{{
+constexpr std::array<Entry, 12> commands{{
     {"scan", "Show what fills a folder", makeScanCommand},
     {"size", "Measure single items", makeSizeCommand},
     {"access", "Tell whether everything may be read", makeAccessCommand},
     {"duplicates", "Find files of equal content", makeDuplicatesCommand},
     {"apps", "List the installed applications", makeAppsCommand},
     {"leftovers", "Show what an application leaves behind", makeLeftoversCommand},
+    {"check", "Measure what could be reclaimed", makeCheckCommand},
     {"trash", "Move items to the Trash", makeTrashCommand},
     {"restore", "Put back what trash moved", makeRestoreCommand},
     {"ports", "List the processes that listen on the network", makePortsCommand},
