@@ -45,9 +45,11 @@ void printDuplicates(Console& console, const BrightpassReport& report) {
     }
     const DuplicateScanResult& found = *report.duplicates;
     printSection(console, "Duplicates", report.duplicateBytes());
-    console.out().format(
-        "{} in {} below {}\n", CountFormat::counted(found.duplicateFiles(), "file"),
-        CountFormat::counted(std::ssize(found.groups), "group"), shownText(found.root.path()));
+    const std::string what = found.groups.empty()
+                                 ? "No files of equal content"
+                                 : CountFormat::counted(found.duplicateFiles(), "file") + " in " +
+                                       CountFormat::counted(std::ssize(found.groups), "group");
+    console.out().format("{} below {}\n", what, shownText(found.root.path()));
 }
 
 JSON toJson(const JunkCategory& category) {
