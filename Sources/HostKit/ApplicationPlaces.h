@@ -29,6 +29,8 @@ struct ApplicationPlaces {
     FileURL launchers = {};
     /// Where a program is looked for that a launcher names without a path.
     std::vector<FileURL> programFolders = {};
+    /// Hold pictures, by themselves or in icon themes; the user's own come first.
+    std::vector<FileURL> iconFolders = {};
     /// The language of names ("de_DE.UTF-8").
     std::string locale = {};
     /// Which programs are left out and where they are removed, for people; empty when none are.

@@ -42,13 +42,27 @@ std::string localeOfTexts(const EnvironmentVariables& environment) {
     return "C";
 }
 
-ApplicationPlaces applicationPlaces(const FileURL& data, const EnvironmentVariables& environment) {
+/// The base folders of the Icon Theme specification 0.13.
+std::vector<FileURL> iconFolders(const FileURL& home, const FileURL& data,
+                                 const EnvironmentVariables& environment) {
+    std::vector<FileURL> folders{home.appending(".icons"), data.appending("icons")};
+    for (const FileURL& shared :
+         foldersFrom(environment, "XDG_DATA_DIRS", "/usr/local/share:/usr/share")) {
+        folders.push_back(shared.appending("icons"));
+    }
+    folders.emplace_back("/usr/share/pixmaps");
+    return folders;
+}
+
+ApplicationPlaces applicationPlaces(const FileURL& home, const FileURL& data,
+                                    const EnvironmentVariables& environment) {
     return {.format = BundleFormat::desktopEntry,
             .folders = {"Applications", "AppImages", ".local/opt", ".local/bin"},
             .systemFolders = {"/opt"},
             .systemPrefixes = {"/System", "/usr", "/opt"},
             .launchers = data.appending("applications"),
             .programFolders = foldersFrom(environment, "PATH", ""),
+            .iconFolders = iconFolders(home, data, environment),
             .locale = localeOfTexts(environment),
             .leftOut = "Programs that came as packages are not listed: remove them with the "
                        "system's package manager, flatpak or snap."};
@@ -151,7 +165,7 @@ HostLayout HostLayout::freedesktop(const FileURL& home, const EnvironmentVariabl
         .additionalExactPaths = {"/home", "/root", "/media", "/mnt", "/srv", "/tmp", "/run",
                                  "/run/media"}};
     layout.exclusions.usesMountTable = true;
-    layout.applications = applicationPlaces(data, environment);
+    layout.applications = applicationPlaces(home, data, environment);
     layout.leftovers = LeftoverTable::freedesktop({home, data, config, cache, state},
                                                   launchersOfOthers(data, environment));
     // Of the state only the logs: histories and what a program was about lie there too.

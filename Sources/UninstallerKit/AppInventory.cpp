@@ -115,8 +115,8 @@ std::vector<InstalledApp> AppInventory::scan(bool includeSystem,
     return sortedByName(std::move(apps));
 }
 
-Bytes AppInventory::size(const InstalledApp& app) const {
-    return FileSizeCalculator::allocatedSize(*files_, app.url);
+Bytes AppInventory::size(const InstalledApp& app, const std::function<bool()>& isCancelled) const {
+    return FileSizeCalculator::allocatedSize(*files_, app.url, isCancelled);
 }
 
 std::vector<FileURL> AppInventory::searchFolders(bool includeSystem) const {

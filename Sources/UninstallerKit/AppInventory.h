@@ -24,8 +24,8 @@ class AppInventory {
     /// those read so far are returned as they were found.
     std::vector<InstalledApp> scan(bool includeSystem,
                                    const std::function<bool()>& isCancelled = {}) const;
-    /// Bytes on disk of the bundle.
-    Bytes size(const InstalledApp& app) const;
+    /// Bytes on disk of the bundle; cut short when `isCancelled`.
+    Bytes size(const InstalledApp& app, const std::function<bool()>& isCancelled = {}) const;
 
   private:
     std::vector<FileURL> searchFolders(bool includeSystem) const;

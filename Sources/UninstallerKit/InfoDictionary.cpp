@@ -102,4 +102,19 @@ std::optional<InstalledApp> InfoDictionary::makeApp(const FileManager& files, co
         .associatedBundleIDs = {associated.begin(), associated.end()}};
 }
 
+std::optional<FileURL> InfoDictionary::iconFile(const FileManager& files, const FileURL& bundle) {
+    const std::string name = stringAt(read(files, bundle), "CFBundleIconFile").value_or("");
+    if (name.empty() || name.find('/') != std::string::npos) {
+        return std::nullopt;
+    }
+    const FileURL resources = bundle.appending("Contents/Resources");
+    for (const char* const ending : {"", ".png", ".icns"}) {
+        FileURL file = resources.appending(name + ending);
+        if (files.targetType(file) == FileType::regular) {
+            return file;
+        }
+    }
+    return std::nullopt;
+}
+
 }

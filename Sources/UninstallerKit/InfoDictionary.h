@@ -19,4 +19,8 @@ bool isIn(const FileManager& files, const FileURL& bundle);
 /// is an empty one.
 std::optional<InstalledApp> makeApp(const FileManager& files, const FileURL& bundle, bool isSystem);
 
+/// The bundle's picture, which it keeps among its resources; absent when it declares none, or one
+/// that is not there.
+std::optional<FileURL> iconFile(const FileManager& files, const FileURL& bundle);
+
 }

@@ -66,9 +66,9 @@ Result<std::vector<RemovalReceipt>, RemovalError> moveAll(const Cleaner& cleaner
 }
 
 /// What keeps an item from being moved; empty when nothing is known of that kind.
-QString troubleOf(const ReviewItem& item, const Cleaner& cleaner, const std::vector<FileURL>& roots,
-                  bool allowProtected, const std::optional<RemovalError>& failure) {
-    const auto valid = cleaner.validate({item.url}, roots, allowProtected);
+QString troubleOf(const ReviewItem& item, const Cleaner& cleaner, const Removal::Bounds& bounds,
+                  const std::optional<RemovalError>& failure) {
+    const auto valid = cleaner.validate({item.url}, bounds.roots, bounds.allowProtected);
     if (!valid) {
         return shownText(valid.error().description());
     }
@@ -111,11 +111,17 @@ Removal::Removal(const Environment& environment, Handlers handlers)
 
 void Removal::review(std::vector<ReviewItem> items, std::vector<FileURL> roots, bool allowProtected,
                      Examiner examiner) {
+    review(
+        std::move(items),
+        [bounds = Bounds{std::move(roots), allowProtected}](const ReviewItem&) { return bounds; },
+        std::move(examiner));
+}
+
+void Removal::review(std::vector<ReviewItem> items, BoundsOf boundsOf, Examiner examiner) {
     if (isRemoving_) {
         return;
     }
-    roots_ = std::move(roots);
-    allowProtected_ = allowProtected;
+    boundsOf_ = std::move(boundsOf);
     examiner_ = std::move(examiner);
     failure_.reset();
     std::vector<ReviewRow> rows;
@@ -149,8 +155,8 @@ Bytes Removal::reviewedSize() const {
 
 void Removal::check() {
     isChecking_ = true;
-    checking_.start([cleaner = cleaner_, items = reviewItems(), roots = roots_,
-                     allowProtected = allowProtected_, examiner = examiner_,
+    checking_.start([cleaner = cleaner_, items = reviewItems(), boundsOf = boundsOf_,
+                     examiner = examiner_,
                      failure = failure_](const auto&, const std::function<bool()>& isCancelled) {
         const Warnings warnings = examiner ? examiner(items, isCancelled) : Warnings();
         Findings findings{{}, shownText(warnings.all)};
@@ -161,8 +167,10 @@ void Removal::check() {
             }
             const auto warning = warnings.rows.find(item.id);
             findings.rows.push_back(
-                {item, troubleOf(item, cleaner, roots, allowProtected, failure),
+                {item, troubleOf(item, cleaner, boundsOf(item), failure),
                  warning == warnings.rows.end() ? QString() : shownText(warning->second)});
+            ReviewItem& shown = findings.rows.back().item;
+            shown.isDirectory = shown.isDirectory || warnings.folders.contains(item.id);
         }
         return findings;
     });

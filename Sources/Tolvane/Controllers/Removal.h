@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -63,12 +64,21 @@ class Removal : public QObject {
         std::vector<FileURL> roots;
         bool allowProtected = false;
     };
+    /// Where a row may lie, and whether it may be removed though it is protected.
+    struct Bounds {
+        std::vector<FileURL> roots;
+        bool allowProtected = false;
+    };
+    /// Tells them, on a worker, so that it captures values only.
+    using BoundsOf = std::function<Bounds(const ReviewItem& item)>;
     /// What speaks against a removal and forbids nothing, for people.
     struct Warnings {
         /// By the ids of the rows.
         std::map<std::string, std::string> rows;
         /// Of all rows together; may be empty.
         std::string all;
+        /// The ids of rows that turned out to be folders.
+        std::set<std::string> folders = {};
     };
     /// Finds them, on a worker, so that it captures values only.
     using Examiner = std::function<Warnings(const std::vector<ReviewItem>& items,
@@ -90,6 +100,8 @@ class Removal : public QObject {
     /// the way of each, and what the examiner, if there is one, warns of.
     void review(std::vector<ReviewItem> items, std::vector<FileURL> roots, bool allowProtected,
                 Examiner examiner = {});
+    /// The same where not all rows have the same bounds.
+    void review(std::vector<ReviewItem> items, BoundsOf boundsOf, Examiner examiner = {});
     /// One for each row; empty when the sheet is closed.
     std::vector<ReviewItem> reviewItems() const;
     /// Bytes of all rows.
@@ -133,8 +145,7 @@ class Removal : public QObject {
     const Cleaner cleaner_;
     const Handlers handlers_;
     RecordModel<ReviewRow> rows_;
-    std::vector<FileURL> roots_;
-    bool allowProtected_ = false;
+    BoundsOf boundsOf_;
     Examiner examiner_;
     /// Of the last removal of these rows: known, and not found by looking.
     std::optional<RemovalError> failure_;

@@ -2,6 +2,7 @@
 
 #include <Controllers/AccessStatus.h>
 #include <Controllers/Activity.h>
+#include <Controllers/AppDetail.h>
 #include <Controllers/DuplicatesModel.h>
 #include <Controllers/DuplicatesViewModel.h>
 #include <Controllers/FolderChooser.h>
@@ -12,6 +13,7 @@
 #include <Controllers/Removal.h>
 #include <Controllers/ScanViewModel.h>
 #include <Controllers/Ui.h>
+#include <Controllers/UninstallerViewModel.h>
 #include <QtQml/qqml.h>
 
 // What QML knows of the controllers, which know nothing of QML.
@@ -29,6 +31,13 @@ struct ActivityInQML {
     Q_GADGET
     QML_FOREIGN(tolvane::Activity)
     QML_NAMED_ELEMENT(Activity)
+    QML_UNCREATABLE("Made by controllers")
+};
+
+struct AppDetailInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::AppDetail)
+    QML_NAMED_ELEMENT(AppDetail)
     QML_UNCREATABLE("Made by controllers")
 };
 
@@ -101,5 +110,12 @@ Q_NAMESPACE
 QML_FOREIGN_NAMESPACE(tolvane::Ui)
 QML_NAMED_ELEMENT(Ui)
 }
+
+struct UninstallerViewModelInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::UninstallerViewModel)
+    QML_NAMED_ELEMENT(UninstallerViewModel)
+    QML_UNCREATABLE("Made by the program's entry")
+};
 
 }

@@ -1,0 +1,118 @@
+#include <Services/ByteFormat.h>
+#include <Services/CountFormat.h>
+
+#include <Controllers/LeftoverRows.h>
+#include <Controllers/ShownText.h>
+
+#include <QStringList>
+#include <algorithm>
+#include <map>
+#include <string>
+#include <utility>
+
+namespace tolvane::LeftoverRows {
+namespace {
+
+/// All leftovers of one kind.
+struct Group {
+    std::vector<std::size_t> positions;
+    Bytes size = 0;
+};
+
+QString sizeText(Bytes size) {
+    return shownText(ByteFormat::text(size));
+}
+
+bool isExact(const ShownLeftover& leftover) {
+    return leftover.origin.certainty == LeftoverOrigin::Certainty::exact;
+}
+
+QString certaintyText(const ShownLeftover& leftover) {
+    return isExact(leftover) ? QStringLiteral("Exact name") : QStringLiteral("By name");
+}
+
+QString protectedText(const ShownLeftover& leftover) {
+    return leftover.item.isProtected
+               ? QStringLiteral("Protected: belongs to the system and stays where it is")
+               : QString();
+}
+
+QString accessibleText(const ShownLeftover& leftover) {
+    QStringList parts{shownText(leftover.item.kind), shownPath(leftover.item.url),
+                      sizeText(leftover.item.size), certaintyText(leftover)};
+    for (const QString& part : {othersText(leftover.origin), protectedText(leftover)}) {
+        if (!part.isEmpty()) {
+            parts.append(part);
+        }
+    }
+    return parts.join(QStringLiteral(", "));
+}
+
+QString groupText(const std::string& kind, const Group& group) {
+    const auto count = static_cast<std::int64_t>(group.positions.size());
+    return shownText(kind + ": " + CountFormat::counted(count, "item") + ", " +
+                     ByteFormat::text(group.size));
+}
+
+}
+
+std::vector<RecordModel<ShownLeftover>::Role> roles() {
+    using Row = const ShownLeftover&;
+    return {{"kind", [](Row row) { return shownText(row.item.kind); }},
+            {"groupText", [](Row row) { return row.groupText; }},
+            {"name", [](Row row) { return shownText(row.item.url.lastPathComponent()); }},
+            {"pathText", [](Row row) { return shownPath(row.item.url); }},
+            {"sizeText", [](Row row) { return sizeText(row.item.size); }},
+            {"isExact", [](Row row) { return isExact(row); }},
+            {"certaintyText", [](Row row) { return certaintyText(row); }},
+            {"othersText", [](Row row) { return othersText(row.origin); }},
+            {"isProtected", [](Row row) { return row.item.isProtected; }},
+            {"protectedText", [](Row row) { return protectedText(row); }},
+            {"accessibleText", [](Row row) { return accessibleText(row); }}};
+}
+
+std::vector<ShownLeftover> grouped(const std::vector<LeftoverItem>& items,
+                                   const std::vector<LeftoverOrigin>& origins) {
+    std::map<std::string, Group> byKind;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        Group& group = byKind[items[i].kind];
+        group.positions.push_back(i);
+        add(group.size, items[i].size);
+    }
+    std::vector<std::pair<std::string, Group>> groups(byKind.begin(), byKind.end());
+    std::stable_sort(groups.begin(), groups.end(),
+                     [](const auto& a, const auto& b) { return a.second.size > b.second.size; });
+    std::vector<ShownLeftover> rows;
+    rows.reserve(items.size());
+    for (const auto& [kind, group] : groups) {
+        for (const std::size_t position : group.positions) {
+            rows.push_back({items[position], origins[position], groupText(kind, group)});
+        }
+    }
+    return rows;
+}
+
+QString othersText(const LeftoverOrigin& origin) {
+    constexpr qsizetype named = 3;
+    QStringList names;
+    for (const std::string& name : origin.otherApps) {
+        if (names.size() == named) {
+            break;
+        }
+        names.append(shownText(name));
+    }
+    if (names.empty()) {
+        return {};
+    }
+    const auto more = static_cast<std::int64_t>(origin.otherApps.size()) - names.size();
+    const QString rest =
+        more > 0 ? QStringLiteral(" and %1 more").arg(shownText(CountFormat::grouped(more)))
+                 : QString();
+    return QStringLiteral("Also matches ") + names.join(QStringLiteral(", ")) + rest;
+}
+
+QString keyOf(const ShownLeftover& leftover) {
+    return QString::fromLatin1(leftover.item.id());
+}
+
+}

@@ -1,0 +1,338 @@
+#include <HostKit/Text.h>
+
+#include <Controllers/ShownText.h>
+#include <Controllers/UninstallerReview.h>
+#include <Controllers/UninstallerTexts.h>
+#include <Controllers/UninstallerViewModel.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace tolvane {
+namespace {
+
+constexpr Seconds reportInterval = 0.1;
+constexpr QLatin1StringView autoSelectKey("autoSelectFirstApp");
+
+std::vector<InstalledApp> appsOf(const std::vector<AppRow>& rows) {
+    std::vector<InstalledApp> apps;
+    apps.reserve(rows.size());
+    std::transform(rows.begin(), rows.end(), std::back_inserter(apps),
+                   [](const AppRow& row) { return row.app(); });
+    return apps;
+}
+
+}
+
+UninstallerViewModel::UninstallerViewModel(const Environment& environment)
+    : leftOutText_(shownText(environment.layout.applications.leftOut))
+    , environment_(environment)
+    , installed_(std::make_shared<const std::vector<InstalledApp>>())
+    , rows_(AppRows::roles(), [](const AppRow& row) { return AppRows::idOf(row.app()); })
+    , detail_(environment, [this] { detailFound(); })
+    , activity_([this] { return activityState(); })
+    , removal_(environment,
+               {.onRemoved = [this](const auto& receipts) { removed(receipts); },
+                .onFailed = [this](const RemovalError& error) { removalFailed(error); },
+                .onRestored = [this](std::size_t count,
+                                     const auto& failed) { restored(count, failed); }})
+    , loadJob_(
+          environment.workers, reportInterval,
+          [this](std::int64_t read) {
+              readBundles_ = read;
+              activity_.refresh();
+          },
+          [this](UninstallerScan::Inventory inventory) { apply(std::move(inventory)); },
+          [this](const std::string& reason) { abandonLoad(reason); })
+    , iconJob_(environment.workers, 0, {},
+               [this](UninstallerScan::Icons icons) { showIcons(std::move(icons)); }) {
+    connect(&removal_, &Removal::isRemovingChanged, this,
+            [this] { isWorking_ = removal_.isRemoving(); });
+    connect(&removal_, &Removal::showReviewChanged, this, &UninstallerViewModel::reviewClosed);
+}
+
+UninstallerViewModel::~UninstallerViewModel() = default;
+
+// The list
+
+void UninstallerViewModel::appeared() {
+    if (!hasLoaded_) {
+        load();
+    }
+}
+
+void UninstallerViewModel::load() {
+    if (!isLoading_ && !isWorking_) {
+        startLoad();
+    }
+}
+
+void UninstallerViewModel::startLoad() {
+    isLoading_ = true;
+    readBundles_ = 0;
+    loadStartedAt_ = environment_.clock();
+    loadJob_.start([layout = environment_.layout,
+                    files = environment_.files](const Report<std::int64_t>& report,
+                                                const std::function<bool()>& isCancelled) {
+        return UninstallerScan::inventory(layout, files, report, isCancelled);
+    });
+    stage_ = hasLoaded_ ? Ui::Stage::Result : Ui::Stage::Working;
+    activity_.setRunning(true);
+}
+
+void UninstallerViewModel::stopLoading() {
+    if (isLoading_) {
+        loadJob_.discard();
+        endLoad();
+    }
+}
+
+void UninstallerViewModel::refresh() {
+    load();
+    if (selected()) {
+        select(*selected());
+    }
+}
+
+void UninstallerViewModel::apply(UninstallerScan::Inventory inventory) {
+    for (AppRow& row : inventory.rows) {
+        if (const AppRow* before = find(AppRows::idOf(row.app()))) {
+            row.iconKey = before->iconKey;
+            row.size = before->size;
+        }
+    }
+    apps_ = std::move(inventory.rows);
+    installed_ = std::move(inventory.installed);
+    hasLoaded_ = true;
+    endLoad();
+    showRows();
+    iconJob_.start([layout = environment_.layout, files = environment_.files,
+                    apps = apps_](const auto&, const std::function<bool()>& isCancelled) {
+        return UninstallerScan::icons(layout, *files, apps, isCancelled);
+    });
+    if (environment_.defaults.flag(autoSelectKey) && !selected() && !apps_.empty()) {
+        select(apps_.front().app());
+    }
+    log(fmt::format("uninstaller inventory apps={}", apps_.size()));
+}
+
+void UninstallerViewModel::abandonLoad(const std::string& reason) {
+    banner_ = QStringLiteral("The applications could not be listed: ") + shownText(reason);
+    log("uninstaller inventory failed: " + reason);
+    endLoad();
+}
+
+void UninstallerViewModel::endLoad() {
+    isLoading_ = false;
+    stage_ = hasLoaded_ ? Ui::Stage::Result : Ui::Stage::Start;
+    activity_.setRunning(false);
+}
+
+void UninstallerViewModel::showIcons(UninstallerScan::Icons icons) {
+    for (AppRow& row : apps_) {
+        row.iconKey = icons[row.app().id()];
+    }
+    if (selected()) {
+        detail_.setIconKey(icons[selected()->id()]);
+    }
+    showRows();
+}
+
+void UninstallerViewModel::setQuery(const QString& text) {
+    query_ = text;
+    showRows();
+}
+
+void UninstallerViewModel::showRows() {
+    const std::string needle = lowercased(query_.value().toStdString());
+    std::vector<AppRow> rows;
+    std::copy_if(apps_.begin(), apps_.end(), std::back_inserter(rows),
+                 [&needle](const AppRow& row) { return row.matches(needle); });
+    countText_ = UninstallerTexts::count(rows.size(), apps_.size());
+    emptyText_ = rows.empty() && hasLoaded_ ? UninstallerTexts::whyEmpty(apps_.size()) : QString();
+    isUpdating_ = true;
+    rows_.update(std::move(rows));
+    Q_EMIT rowsUpdated();
+    isUpdating_ = false;
+}
+
+std::vector<InstalledApp> UninstallerViewModel::apps() const {
+    return appsOf(apps_);
+}
+
+std::vector<InstalledApp> UninstallerViewModel::filteredApps() const {
+    return appsOf(rows_.records());
+}
+
+QString UninstallerViewModel::idAt(int row) const {
+    const std::vector<AppRow>& rows = rows_.records();
+    return row < 0 || row >= rows_.rowCount()
+               ? QString()
+               : AppRows::idOf(rows[static_cast<std::size_t>(row)].app());
+}
+
+int UninstallerViewModel::rowOf(const QString& id) const {
+    const std::vector<AppRow>& rows = rows_.records();
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const AppRow& row) {
+        return AppRows::idOf(row.app()) == id;
+    });
+    return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+}
+
+const AppRow* UninstallerViewModel::find(const QString& id) const {
+    const auto found = std::find_if(apps_.begin(), apps_.end(), [&](const AppRow& row) {
+        return AppRows::idOf(row.app()) == id;
+    });
+    return found == apps_.end() ? nullptr : &*found;
+}
+
+Activity::State UninstallerViewModel::activityState() const {
+    return {.title = QStringLiteral("Looking for applications"),
+            .countsText = UninstallerTexts::progress(readBundles_),
+            .elapsed = isLoading_ ? environment_.clock() - loadStartedAt_ : 0};
+}
+
+// The selection
+
+void UninstallerViewModel::select(const InstalledApp& app) {
+    if (isWorking_) {
+        return;
+    }
+    isDetailStale_ = false;
+    removal_.closeReview();
+    const AppRow* const row = find(AppRows::idOf(app));
+    detail_.show(app, installed_, row == nullptr ? QString() : row->iconKey);
+}
+
+void UninstallerViewModel::select(const QString& id) {
+    const AppRow* const row = find(id);
+    if (!isUpdating_ && row != nullptr && !(selected() && selected()->id() == row->app().id())) {
+        select(row->app());
+    }
+}
+
+void UninstallerViewModel::clearSelection() {
+    if (!isWorking_) {
+        isDetailStale_ = false;
+        removal_.closeReview();
+        detail_.clear();
+    }
+}
+
+void UninstallerViewModel::detailFound() {
+    const InstalledApp& app = *selected();
+    const auto row = std::find_if(apps_.begin(), apps_.end(),
+                                  [&](const AppRow& each) { return each.app().id() == app.id(); });
+    if (row != apps_.end()) {
+        row->size = appSize();
+        showRows();
+    }
+    log(fmt::format("uninstaller detail app={} size={} leftovers={}", app.bundleID, appSize(),
+                    leftovers().size()));
+}
+
+// Places
+
+void UninstallerViewModel::revealApp(const QString& id) {
+    if (const AppRow* row = find(id)) {
+        environment_.workspace.reveal(row->app().url);
+    }
+}
+
+void UninstallerViewModel::copyAppPath(const QString& id) {
+    if (const AppRow* row = find(id)) {
+        environment_.workspace.copyText(QString::fromStdString(displayText(row->app().url.path())));
+    }
+}
+
+void UninstallerViewModel::revealLeftover(int row) {
+    if (const LeftoverItem* item = detail_.leftoverAt(row)) {
+        environment_.workspace.reveal(item->url);
+    }
+}
+
+void UninstallerViewModel::copyLeftoverPath(int row) {
+    if (const LeftoverItem* item = detail_.leftoverAt(row)) {
+        environment_.workspace.copyText(QString::fromStdString(displayText(item->id())));
+    }
+}
+
+// Removal
+
+std::vector<ReviewItem> UninstallerViewModel::itemsToReview() const {
+    return UninstallerReview::items(*selected(), appSize(), removableLeftovers());
+}
+
+void UninstallerViewModel::prepareReview() {
+    if (!selected() || isWorking_) {
+        return;
+    }
+    banner_ = QString();
+    removal_.review(
+        itemsToReview(),
+        [app = *selected(), home = environment_.layout.locations.home](const ReviewItem& item) {
+            return UninstallerReview::bounds(item, app, home);
+        },
+        [app = *selected(), claims = UninstallerReview::claims(leftovers(), detail_.origins()),
+         files = environment_.files, sources = environment_.layout.sources](
+            const std::vector<ReviewItem>& items, const std::function<bool()>& isCancelled) {
+            return UninstallerReview::warnings(app, claims, *files, sources, items, isCancelled);
+        });
+}
+
+void UninstallerViewModel::removeReviewed() {
+    if (!selected() || isWorking_) {
+        return;
+    }
+    const std::vector<ReviewItem> items = showReview() ? reviewItems() : itemsToReview();
+    removesApp_ = std::any_of(items.begin(), items.end(), [this](const ReviewItem& item) {
+        return UninstallerReview::isApp(item, *selected());
+    });
+    isDetailStale_ = false;
+    removal_.remove(
+        UninstallerReview::steps(items, *selected(), environment_.layout.locations.home));
+}
+
+void UninstallerViewModel::removed(const std::vector<RemovalReceipt>& receipts) {
+    const InstalledApp app = *selected();
+    banner_ = removesApp_ ? UninstallerTexts::removed(app.name, receipts.size() - 1)
+                          : UninstallerTexts::removedLeftovers(app.name, receipts.size());
+    log(fmt::format("uninstaller removed app={} receipts={}", app.bundleID, receipts.size()));
+    clearSelection();
+    startLoad();
+}
+
+void UninstallerViewModel::removalFailed(const RemovalError& error) {
+    banner_ = shownText(error.description());
+    log("uninstaller removal failed: " + error.description());
+    isDetailStale_ = error.kind == RemovalError::Case::trashFailed;
+}
+
+/// After a removal that failed in its midst the detail would go on showing what is gone.
+void UninstallerViewModel::reviewClosed() {
+    if (!showReview() && isDetailStale_ && selected()) {
+        select(*selected());
+    }
+}
+
+void UninstallerViewModel::undo() {
+    removal_.undo();
+}
+
+void UninstallerViewModel::restored(std::size_t restored, const std::vector<RemovalError>& failed) {
+    banner_ = UninstallerTexts::restored(restored, failed.size());
+    log(fmt::format("uninstaller undo restored={} failed={}", restored, failed.size()));
+    startLoad();
+}
+
+void UninstallerViewModel::dismissBanner() {
+    banner_ = QString();
+}
+
+void UninstallerViewModel::log(const std::string& message) const {
+    environment_.log.write(displayText(message));
+}
+
+}
