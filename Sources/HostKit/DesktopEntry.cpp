@@ -122,6 +122,12 @@ std::optional<DesktopEntry> DesktopEntry::parse(std::string_view text) {
     return hasGroup ? std::optional(std::move(entry)) : std::nullopt;
 }
 
+std::optional<DesktopEntry> DesktopEntry::read(const FileManager& files, const FileURL& file) {
+    // One more byte, so that a file that is too large does not pass as its beginning.
+    const Result<std::string, SystemError> text = files.read(file, largestSize + 1);
+    return text ? parse(*text) : std::nullopt;
+}
+
 std::optional<std::string> DesktopEntry::value(std::string_view key) const {
     const auto found = values_.find(key);
     return found == values_.end() ? std::nullopt : std::optional(withoutEscapes(found->second));

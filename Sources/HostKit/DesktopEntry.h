@@ -1,5 +1,7 @@
 #pragma once
 
+#include <HostKit/FileManager.h>
+
 #include <map>
 #include <optional>
 #include <string>
@@ -17,6 +19,9 @@ class DesktopEntry {
     /// Absent when the text has no such group or holds a NUL. Lines that follow no rule are left
     /// out; of repeated keys the last one counts.
     static std::optional<DesktopEntry> parse(std::string_view text);
+
+    /// That of a file; absent when the file cannot be read or holds none.
+    static std::optional<DesktopEntry> read(const FileManager& files, const FileURL& file);
 
     /// The value with its escapes undone; absent when there is none.
     std::optional<std::string> value(std::string_view key) const;

@@ -15,19 +15,28 @@ FileURL folderFrom(const EnvironmentVariables& environment, const std::string& v
     return isSet ? FileURL(found->second).standardized() : usual;
 }
 
-/// The absolute folders that the variable lists.
-std::vector<FileURL> foldersFrom(const EnvironmentVariables& environment,
-                                 const std::string& variable, std::string_view usual) {
+/// What the variable lists between colons.
+std::vector<std::string> listFrom(const EnvironmentVariables& environment,
+                                  const std::string& variable, std::string_view usual) {
     const auto found = environment.find(variable);
     const bool isSet = found != environment.end() && !found->second.empty();
     std::string_view rest = isSet ? std::string_view(found->second) : usual;
-    std::vector<FileURL> folders;
+    std::vector<std::string> entries;
     while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find(':'), rest.size());
-        if (rest.starts_with('/')) {
-            folders.push_back(FileURL(std::string(rest.substr(0, end))).standardized());
+        entries.emplace_back(rest.substr(0, rest.find(':')));
+        rest.remove_prefix(std::min(entries.back().size() + 1, rest.size()));
+    }
+    return entries;
+}
+
+/// The absolute folders that the variable lists.
+std::vector<FileURL> foldersFrom(const EnvironmentVariables& environment,
+                                 const std::string& variable, std::string_view usual) {
+    std::vector<FileURL> folders;
+    for (const std::string& entry : listFrom(environment, variable, usual)) {
+        if (entry.starts_with('/')) {
+            folders.push_back(FileURL(entry).standardized());
         }
-        rest.remove_prefix(std::min(end + 1, rest.size()));
     }
     return folders;
 }
@@ -66,6 +75,22 @@ ApplicationPlaces applicationPlaces(const FileURL& home, const FileURL& data,
             .locale = localeOfTexts(environment),
             .leftOut = "Programs that came as packages are not listed: remove them with the "
                        "system's package manager, flatpak or snap."};
+}
+
+StartupPlaces startupPlaces(const FileURL& config, const EnvironmentVariables& environment) {
+    StartupPlaces places{
+        .folders = {{"user", StartupFormat::autostart, config.appending("autostart").path()},
+                    {"user", StartupFormat::unit, config.appending("systemd/user").path()}},
+        .desktops = listFrom(environment, "XDG_CURRENT_DESKTOP", ""),
+        .programFolders = foldersFrom(environment, "PATH", ""),
+        .locale = localeOfTexts(environment)};
+    for (const FileURL& shared : foldersFrom(environment, "XDG_CONFIG_DIRS", "/etc/xdg")) {
+        places.folders.push_back(
+            {"system", StartupFormat::autostart, shared.appending("autostart").path()});
+    }
+    places.folders.push_back({"system", StartupFormat::unit, "/etc/systemd/user"});
+    places.folders.push_back({"daemon", StartupFormat::unit, "/etc/systemd/system"});
+    return places;
 }
 
 /// Where launchers of programs lie that somebody else than the user installed.
@@ -133,8 +158,15 @@ HostLayout HostLayout::darwin(const FileURL& home) {
                              {"Applications", "square.grid.2x2", FileURL("/Applications")},
                              {"Library", "books.vertical", library},
                              {"Macintosh HD", "internaldrive", FileURL("/")}};
-    layout.tools = {.lsof = FileURL("/usr/sbin/lsof"),
-                    .processTree = {FileURL("/bin/ps"), {"-axo", "pid=,ppid="}}};
+    layout.tools = {
+        .lsof = FileURL("/usr/sbin/lsof"),
+        .processTree = {FileURL("/bin/ps"), {"-axo", "pid=,ppid="}},
+        .heavyProcesses = {FileURL("/bin/ps"), {"-axo", "pid=,rss=,%cpu=,comm=", "-m"}}};
+    layout.startup.folders = {{"user", StartupFormat::propertyList, "Library/LaunchAgents"},
+                              {"system", StartupFormat::propertyList, "/Library/LaunchAgents"},
+                              {"daemon", StartupFormat::propertyList, "/Library/LaunchDaemons"}};
+    layout.snapshots = SnapshotTools::darwin();
+    layout.maintenance = MaintenanceTools::darwin();
     return layout;
 }
 
@@ -177,8 +209,15 @@ HostLayout HostLayout::freedesktop(const FileURL& home, const EnvironmentVariabl
                              {"Local Data", "books.vertical", home.appending(".local")},
                              {"File System", "internaldrive", FileURL("/")}};
     layout.tools = {.lsof = FileURL("/usr/bin/lsof"),
-                    .processTree = {FileURL("/bin/ps"), {"-e", "-o", "pid=", "-o", "ppid="}}};
-    layout.sources = {.proc = FileURL("/proc"), .sys = FileURL("/sys")};
+                    .processTree = {FileURL("/bin/ps"), {"-e", "-o", "pid=", "-o", "ppid="}},
+                    .heavyProcesses = {FileURL("/bin/ps"),
+                                       {"-e", "-ww", "-o", "pid=", "-o", "rss=", "-o",
+                                        "%cpu=", "-o", "comm=", "--sort=-rss"}},
+                    .cutsProcessNames = true};
+    layout.startup = startupPlaces(config, environment);
+    layout.snapshots = SnapshotTools::freedesktop();
+    layout.maintenance = MaintenanceTools::freedesktop(data.appending("applications"));
+    layout.sources = {.proc = FileURL("/proc"), .sys = FileURL("/sys"), .dev = FileURL("/dev")};
     return layout;
 }
 

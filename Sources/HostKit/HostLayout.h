@@ -3,6 +3,9 @@
 #include <HostKit/ApplicationPlaces.h>
 #include <HostKit/FileURL.h>
 #include <HostKit/LeftoverTable.h>
+#include <HostKit/MaintenanceTools.h>
+#include <HostKit/SnapshotTools.h>
+#include <HostKit/StartupPlaces.h>
 #include <HostKit/Tool.h>
 
 #include <cstdint>
@@ -66,12 +69,17 @@ struct HostLayout {
         FileURL lsof;
         /// Prints the number of every process and that of its parent.
         Tool processTree;
+        /// Prints pid, kibibytes of memory, percents of a processor and name of every process.
+        Tool heavyProcesses = {};
+        /// Whether those names are cut, so that the paths of programs are to be put in their place.
+        bool cutsProcessNames = false;
     };
 
     /// Where the system tells about itself; a test points them elsewhere.
     struct Sources {
         FileURL proc;
         FileURL sys;
+        FileURL dev = {};
     };
 
     Locations locations;
@@ -84,6 +92,9 @@ struct HostLayout {
     /// order.
     std::vector<FileURL> junkRoots;
     std::vector<QuickPlace> quickLocations;
+    StartupPlaces startup;
+    SnapshotTools snapshots;
+    MaintenanceTools maintenance;
     Tools tools;
     Sources sources;
     /// The user whose Trash folders are used, by number; absent: the one this process runs as.

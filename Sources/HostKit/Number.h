@@ -20,4 +20,8 @@ std::optional<Integer> wholeNumber(std::string_view text) {
     return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 
+/// The finite number that the text is, with a point in every country; absent when anything else
+/// stands in it or when the number does not fit.
+std::optional<double> decimalNumber(std::string_view text);
+
 }

@@ -1,4 +1,5 @@
 #include <HostKit/ChildProcess.h>
+#include <HostKit/Lines.h>
 #include <HostKit/Number.h>
 #include <PortKit/PortKillerService.h>
 
@@ -20,28 +21,21 @@ constexpr std::int32_t firstOrdinary = 2;
 /// The numbers among the words of a line.
 std::vector<std::int32_t> numbers(std::string_view line) {
     std::vector<std::int32_t> found;
-    while (true) {
-        line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
-        if (line.empty()) {
-            return found;
-        }
-        const std::string_view word = line.substr(0, line.find_first_of(" \t"));
+    for (std::string_view word = takeWord(line); !word.empty(); word = takeWord(line)) {
         if (const auto number = wholeNumber<std::int32_t>(word)) {
             found.push_back(*number);
         }
-        line.remove_prefix(word.size());
     }
+    return found;
 }
 
 Children childrenByParent(std::string_view text) {
     Children children;
     while (!text.empty()) {
-        const std::string_view line = text.substr(0, text.find('\n'));
-        const std::vector<std::int32_t> pair = numbers(line);
+        const std::vector<std::int32_t> pair = numbers(takeLine(text));
         if (pair.size() == 2) {
             children[pair[1]].push_back(pair[0]);
         }
-        text.remove_prefix(std::min(line.size() + 1, text.size()));
     }
     return children;
 }

@@ -1,5 +1,6 @@
 #include <HostKit/ChildProcess.h>
 #include <HostKit/Collation.h>
+#include <HostKit/Lines.h>
 #include <HostKit/ListeningSockets.h>
 #include <HostKit/Number.h>
 #include <HostKit/Processes.h>
@@ -27,13 +28,6 @@ struct Entry {
     std::set<std::string> addresses;
     std::optional<std::string> path;
 };
-
-/// Takes the first line off the text.
-std::string_view takeLine(std::string_view& text) {
-    const std::string_view line = text.substr(0, text.find('\n'));
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
-    return line;
-}
 
 /// Without lsof's warnings, each with the indented line that explains it: they tell of file systems
 /// it could not look into and come with a status that then means nothing.

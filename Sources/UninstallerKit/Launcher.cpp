@@ -55,12 +55,6 @@ std::optional<std::string> launcherID(std::string_view fileName) {
     return std::string(fileName.substr(0, fileName.size() - ending.size()));
 }
 
-std::optional<DesktopEntry> readDesktopEntry(const FileManager& files, const FileURL& file) {
-    // One more byte, so that a file that is too large does not pass as its beginning.
-    const Result<std::string, SystemError> text = files.read(file, DesktopEntry::largestSize + 1);
-    return text ? DesktopEntry::parse(*text) : std::nullopt;
-}
-
 std::vector<Launcher> userLaunchers(const FileManager& files, const ApplicationPlaces& places) {
     std::vector<std::pair<std::string, FileURL>> found;
     DeepEnumerator walk(files, places.launchers, {});
@@ -72,7 +66,7 @@ std::vector<Launcher> userLaunchers(const FileManager& files, const ApplicationP
     std::sort(found.begin(), found.end());
     std::vector<Launcher> launchers;
     for (auto& [id, url] : found) {
-        if (std::optional<DesktopEntry> entry = readDesktopEntry(files, url)) {
+        if (std::optional<DesktopEntry> entry = DesktopEntry::read(files, url)) {
             std::vector<FileURL> started = programs(files, places, *entry);
             launchers.push_back({std::move(id), std::move(*entry), std::move(started)});
         }

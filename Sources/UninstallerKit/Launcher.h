@@ -25,9 +25,6 @@ struct Launcher {
 /// What a file of this name is called as a launcher; absent when it is none.
 std::optional<std::string> launcherID(std::string_view fileName);
 
-/// The desktop entry in the file; absent when there is none.
-std::optional<DesktopEntry> readDesktopEntry(const FileManager& files, const FileURL& file);
-
 /// All launchers of the user, ascending by identifier.
 std::vector<Launcher> userLaunchers(const FileManager& files, const ApplicationPlaces& places);
 

@@ -141,7 +141,7 @@ struct Descriptor {
 std::optional<Descriptor> ownDescriptor(const FileManager& files, const FileURL& bundle) {
     const std::optional<std::string> name = ownEntryName(files, bundle);
     std::optional<DesktopEntry> entry =
-        name ? readDesktopEntry(files, bundle.appending(*name)) : std::nullopt;
+        name ? DesktopEntry::read(files, bundle.appending(*name)) : std::nullopt;
     return entry ? std::optional(Descriptor{*launcherID(*name), std::move(*entry)}) : std::nullopt;
 }
 

@@ -1,4 +1,5 @@
 #include <HostKit/ChildProcess.h>
+#include <HostKit/Lines.h>
 #include <HostKit/Text.h>
 #include <HostKit/linux/Descriptor.h>
 
@@ -263,17 +264,11 @@ class Child {
         if (status_ == ToolResult::notStarted) {
             return {status_, "", SystemError{ECHILD}.message()};
         }
-        return {status_, displayText(output_.bytes()), trimmed(displayText(message_.bytes()))};
+        return {status_, displayText(output_.bytes()),
+                std::string(trimmed(displayText(message_.bytes())))};
     }
 
   private:
-    static std::string trimmed(const std::string& text) {
-        constexpr const char* whiteSpace = " \t\n\v\f\r";
-        const std::size_t first = text.find_first_not_of(whiteSpace);
-        const std::size_t last = text.find_last_not_of(whiteSpace);
-        return first == std::string::npos ? "" : text.substr(first, last - first + 1);
-    }
-
     /// Asked for once, an end is known: from then on the number may be another process's.
     bool hasEnded() {
         if (hasEnded_) {

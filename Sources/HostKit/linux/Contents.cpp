@@ -1,4 +1,7 @@
 #include <HostKit/linux/Contents.h>
+#include <HostKit/linux/LongPath.h>
+
+#include <fcntl.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -8,6 +11,11 @@ namespace {
 
 constexpr std::size_t bufferSize = 16384;
 
+}
+
+Result<std::string, SystemError> readFile(const FileURL& url, std::size_t limit) {
+    const Result<Descriptor, SystemError> file = openPath(url.path(), O_RDONLY);
+    return file ? readContents(*file, limit) : tl::unexpected(file.error());
 }
 
 Result<std::string, SystemError> readContents(const Descriptor& file, std::size_t limit) {

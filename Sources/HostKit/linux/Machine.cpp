@@ -1,8 +1,19 @@
+#include <HostKit/Lines.h>
 #include <HostKit/Machine.h>
+#include <HostKit/MemoryInfo.h>
+#include <HostKit/Number.h>
+#include <HostKit/linux/Contents.h>
 #include <HostKit/linux/LongPath.h>
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
 
 namespace tolvane {
 namespace {
@@ -16,6 +27,58 @@ std::optional<Bytes> size(fsblkcnt_t blocks, unsigned long blockSize) {
     return bytes;
 }
 
+/// What all compressed disks take of memory.
+Bytes compressedDisks(const FileURL& sys) {
+    Bytes total = 0;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(sys.appending("block").path(), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        if (entry->path().filename().native().starts_with("zram")) {
+            const FileURL statistics = FileURL(entry->path().native()).appending("mm_stat");
+            add(total, MemoryInfo::compressedDisk(readFile(statistics).value_or("")));
+        }
+    }
+    return total;
+}
+
+/// The memory that this process occupies, from /proc/self/smaps_rollup (proc(5)); absent where the
+/// kernel has no such file.
+std::optional<Bytes> exactResidentSize(const FileURL& proc) {
+    const Result<std::string, SystemError> rollup = readFile(proc.appending("self/smaps_rollup"));
+    std::string_view text = rollup ? std::string_view(*rollup) : std::string_view();
+    while (!text.empty()) {
+        std::string_view line = takeLine(text);
+        if (takeWord(line) == "Rss:") {
+            constexpr Bytes kibibyte = 1024;
+            const auto size = wholeNumber<std::int32_t>(takeWord(line));
+            return size ? std::optional(*size * kibibyte) : std::nullopt;
+        }
+    }
+    return std::nullopt;
+}
+
+/// The same from /proc/self/statm, which lags behind.
+Bytes residentSize(const FileURL& proc) {
+    if (const std::optional<Bytes> exact = exactResidentSize(proc)) {
+        return *exact;
+    }
+    const std::string statm = readFile(proc.appending("self/statm")).value_or("");
+    std::string_view line = statm;
+    takeWord(line);
+    return wholeNumber<std::int32_t>(takeWord(line)).value_or(0) * Bytes{::sysconf(_SC_PAGESIZE)};
+}
+
+}
+
+std::optional<MemoryCounters> Machine::memory(const HostLayout::Sources& sources) {
+    const Result<std::string, SystemError> text = readFile(sources.proc.appending("meminfo"));
+    std::optional<MemoryCounters> counters = text ? MemoryInfo::parse(*text) : std::nullopt;
+    if (counters) {
+        add(counters->compressed, compressedDisks(sources.sys) / counters->unit);
+        counters->pressureLevel = MemoryInfo::pressureLevel(
+            readFile(sources.proc.appending("pressure/memory")).value_or(""));
+    }
+    return counters;
 }
 
 std::optional<VolumeCapacity> Machine::volume(const FileURL& url) {
@@ -29,7 +92,17 @@ std::optional<VolumeCapacity> Machine::volume(const FileURL& url) {
     if (!total || !available) {
         return std::nullopt;
     }
-    return VolumeCapacity{*total, *available};
+    return VolumeCapacity{.total = *total, .available = *available};
+}
+
+Bytes Machine::releaseAllocatorPages(const HostLayout::Sources& sources) {
+#ifdef __GLIBC__
+    const Bytes before = residentSize(sources.proc);
+    ::malloc_trim(0);
+    return std::max<Bytes>(before - residentSize(sources.proc), 0);
+#else
+    return 0;
+#endif
 }
 
 }

@@ -1,26 +1,14 @@
 #include <HostKit/linux/Contents.h>
-#include <HostKit/linux/LongPath.h>
 #include <HostKit/linux/Mounts.h>
 
-#include <fcntl.h>
-
-#include <limits>
 #include <utility>
 #include <vector>
 
 namespace tolvane {
 namespace {
 
-Result<std::string, SystemError> readWholeFile(const FileURL& url) {
-    const Result<Descriptor, SystemError> file = openPath(url.path(), O_RDONLY);
-    if (!file) {
-        return tl::unexpected(file.error());
-    }
-    return readContents(*file, std::numeric_limits<std::size_t>::max());
-}
-
 bool readsOne(const FileURL& url) {
-    const Result<std::string, SystemError> flag = readWholeFile(url);
+    const Result<std::string, SystemError> flag = readFile(url);
     return flag && flag->starts_with('1');
 }
 
@@ -39,7 +27,7 @@ bool isRemovable(const Mount& mount, const FileURL& sys) {
 
 MountTable readMounts(const HostLayout::Sources& sources) {
     const Result<std::string, SystemError> text =
-        readWholeFile(sources.proc.appending("self/mountinfo"));
+        readFile(sources.proc.appending("self/mountinfo"));
     if (!text) {
         return MountTable({}, false);
     }

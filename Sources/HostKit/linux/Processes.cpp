@@ -1,9 +1,7 @@
 #include <HostKit/Number.h>
 #include <HostKit/Processes.h>
 #include <HostKit/linux/Contents.h>
-#include <HostKit/linux/LongPath.h>
 
-#include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -70,10 +68,8 @@ std::vector<std::string> Processes::executablePaths() const {
 std::optional<StartTime> Processes::startTime(std::int32_t pid) const {
     constexpr int startTimeField = 22;
     constexpr std::size_t longestStat = 4096;
-    const Result<Descriptor, SystemError> file =
-        openPath(folderOf(pid, sources_).appending("stat").path(), O_RDONLY);
     const Result<std::string, SystemError> stat =
-        file ? readContents(*file, longestStat) : tl::unexpected(file.error());
+        readFile(folderOf(pid, sources_).appending("stat"), longestStat);
     return stat ? wholeNumber<StartTime>(fieldOf(*stat, startTimeField)) : std::nullopt;
 }
 

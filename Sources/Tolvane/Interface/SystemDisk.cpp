@@ -34,9 +34,9 @@ void SystemDisk::apply(const Volume& volume) {
         usedFraction_ = 0;
         return;
     }
-    const double freeShare =
-        static_cast<double>(volume->available) / static_cast<double>(volume->total);
-    text_ = QString::fromStdString(ByteFormat::text(volume->available) + " of " +
+    const Bytes available = volume->available.value_or(volume->total);
+    const double freeShare = static_cast<double>(available) / static_cast<double>(volume->total);
+    text_ = QString::fromStdString(ByteFormat::text(available) + " of " +
                                    ByteFormat::text(volume->total) + " free");
     usedFraction_ = std::clamp(1 - freeShare, 0.0, 1.0);
 }

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <HostKit/FileURL.h>
+#include <HostKit/Tool.h>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace tolvane {
+
+/// What asks the user for an administrator's rights and then runs one command with them.
+struct AdministratorPrompt {
+    enum class Kind : std::uint8_t {
+        /// Takes a script of one shell command as its last argument.
+        appleScript,
+        /// Takes a program and its arguments (pkexec(1)); status 126 tells that the user refused.
+        polkit
+    };
+
+    Kind kind = Kind::appleScript;
+    /// With the arguments that stand before the command.
+    Tool tool;
+};
+
+/// What the maintenance of a system is done with.
+struct MaintenanceTools {
+    AdministratorPrompt prompt;
+    /// Empties the cache of resolved host names.
+    Tool flushResolver;
+    /// Rebuilds the table of which application opens what.
+    Tool rebuildRegistry;
+    /// Created before that when it is missing.
+    std::optional<FileURL> registryFolder = std::nullopt;
+    /// Start over the user's index of file contents, without a prompt; the first one is run that is
+    /// there. Empty where an administrator starts over that of a volume.
+    std::vector<Tool> reindex = {};
+    /// Run before `purge`, whatever comes of it.
+    std::optional<Tool> beforePurge = std::nullopt;
+    /// Empties the system's disk buffers, as an administrator.
+    Tool purge;
+
+    static MaintenanceTools darwin();
+    /// `launchers` is the user's folder of desktop entries.
+    static MaintenanceTools freedesktop(const FileURL& launchers);
+};
+
+}
