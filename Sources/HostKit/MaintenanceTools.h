@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace tolvane {
@@ -25,6 +26,10 @@ struct AdministratorPrompt {
 
 /// What the maintenance of a system is done with.
 struct MaintenanceTools {
+    /// What an administrator's shell starts where the prompt takes a shell command.
+    static constexpr std::string_view spotlightTool = "/usr/bin/mdutil";
+    static constexpr std::string_view timeMachineTool = "/usr/bin/tmutil";
+
     AdministratorPrompt prompt;
     /// Empties the cache of resolved host names.
     Tool flushResolver;

@@ -1,3 +1,4 @@
+#include <HostKit/MaintenanceTools.h>
 #include <HostKit/SnapshotTools.h>
 
 namespace tolvane {
@@ -5,7 +6,8 @@ namespace {
 
 SnapshotVolume ofTimeMachine(const std::string& volume) {
     return {.volume = volume,
-            .list = {FileURL("/usr/bin/tmutil"), {"listlocalsnapshots", volume}},
+            .list = {FileURL(std::string(MaintenanceTools::timeMachineTool)),
+                     {"listlocalsnapshots", volume}},
             .listPurgeable =
                 Tool{FileURL("/usr/sbin/diskutil"), {"apfs", "listSnapshots", volume}}};
 }

@@ -207,13 +207,14 @@ Bytes MaintenanceService::releaseApplicationMemory() const {
 }
 
 std::string MaintenanceService::spotlightCommand(std::string_view volume) {
-    return "/usr/bin/mdutil -E " + quoted(volume);
+    return std::string(MaintenanceTools::spotlightTool) + " -E " + quoted(volume);
 }
 
 std::string MaintenanceService::thinSnapshotsCommand(std::string_view volume, Bytes targetBytes,
                                                      std::int32_t urgency) {
-    return "/usr/bin/tmutil thinlocalsnapshots " + quoted(volume) + " " +
-           std::to_string(std::max<Bytes>(targetBytes, 0)) + " " + std::to_string(urgency);
+    return std::string(MaintenanceTools::timeMachineTool) + " thinlocalsnapshots " +
+           quoted(volume) + " " + std::to_string(std::max<Bytes>(targetBytes, 0)) + " " +
+           std::to_string(urgency);
 }
 
 std::string MaintenanceService::administratorScript(std::string_view command) {

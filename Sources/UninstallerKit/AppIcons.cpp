@@ -73,7 +73,7 @@ std::optional<FileURL> AppIcons::file(const InstalledApp& app) const {
     }
     const bool isFileName = app.bundleID.find('/') == std::string::npos;
     const std::optional<DesktopEntry> own =
-        isFileName ? readDesktopEntry(files_, app.url.appending(app.bundleID + ".desktop"))
+        isFileName ? DesktopEntry::read(files_, app.url.appending(app.bundleID + ".desktop"))
                    : std::nullopt;
     if (std::optional<FileURL> found = own ? iconOf(*own, app.url) : std::nullopt) {
         return found;
