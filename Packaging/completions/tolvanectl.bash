@@ -2,11 +2,12 @@
 
 _tolvanectl() {
     local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' each
-    local commands='scan size access duplicates apps leftovers check trash restore ports kill log' options='--help --json --version'
+    local commands='scan size access duplicates apps leftovers check trash restore ports kill performance maintenance log' options='--help --json --version'
 
     for each in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $each in
-        scan | size | access | duplicates | apps | leftovers | check | trash | restore | ports | kill | log)
+        scan | size | access | duplicates | apps | leftovers | check | trash | restore | ports | kill | \
+            performance | maintenance | log)
             command=$each
             break
             ;;
@@ -21,12 +22,13 @@ _tolvanectl() {
     trash) options+=' --within --dry-run' ;;
     ports) options+=' --watch' ;;
     kill) options+=' --pid --force --tree --yes' ;;
+    performance) options+=' --limit' ;;
     log) options+=' --bytes' ;;
     esac
 
     COMPREPLY=()
     case $previous in
-    --set | --depth | --top | --size | --minimum-size | --pid | --bytes) return ;;
+    --set | --depth | --top | --size | --minimum-size | --pid | --limit | --bytes) return ;;
     --within | --exclude | --duplicates-root)
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -d -- "$word")
@@ -44,6 +46,7 @@ _tolvanectl() {
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -d -- "$word")
         ;;
+    maintenance,*) mapfile -t COMPREPLY < <(compgen -W 'dns ls spotlight snapshots purge' -- "$word") ;;
     size,* | trash,* | restore,*) compopt -o default 2>/dev/null ;;
     esac
 }

@@ -1,6 +1,6 @@
 # Completion of tolvanectl for fish.
 
-set -l commands scan size access duplicates apps leftovers check trash restore ports kill log
+set -l commands scan size access duplicates apps leftovers check trash restore ports kill performance maintenance log
 
 complete -c tolvanectl -f
 complete -c tolvanectl -s h -l help -d 'Print the options and exit'
@@ -18,6 +18,8 @@ complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a trash -
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a restore -d 'Put back what trash moved'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a ports -d 'List the processes that listen on the network'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a kill -d 'End the processes that listen on a port'
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a performance -d 'Show how memory and disk are used and what starts by itself'
+complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a maintenance -d 'Empty caches and rebuild tables of the system'
 complete -c tolvanectl -n "not __fish_seen_subcommand_from $commands" -a log -d "Show the end of the application's log"
 
 complete -c tolvanectl -n '__fish_seen_subcommand_from scan' -l detailed -d 'Keep many more files of each folder'
@@ -48,4 +50,6 @@ complete -c tolvanectl -n '__fish_seen_subcommand_from kill' -x -l pid -a '(__fi
 complete -c tolvanectl -n '__fish_seen_subcommand_from kill' -l force -d 'Send SIGKILL'
 complete -c tolvanectl -n '__fish_seen_subcommand_from kill' -l tree -d 'Signal all descendants first'
 complete -c tolvanectl -n '__fish_seen_subcommand_from kill' -l yes -d 'Do not ask'
+complete -c tolvanectl -n '__fish_seen_subcommand_from performance' -x -l limit -d 'List so many of the heaviest processes'
+complete -c tolvanectl -n '__fish_seen_subcommand_from maintenance' -x -a 'dns ls spotlight snapshots purge'
 complete -c tolvanectl -n '__fish_seen_subcommand_from log' -x -l bytes -d "How much of the log's end to print"

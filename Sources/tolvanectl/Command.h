@@ -33,6 +33,8 @@ std::unique_ptr<Command> makeDuplicatesCommand();
 std::unique_ptr<Command> makeKillCommand();
 std::unique_ptr<Command> makeLeftoversCommand();
 std::unique_ptr<Command> makeLogCommand();
+std::unique_ptr<Command> makeMaintenanceCommand();
+std::unique_ptr<Command> makePerformanceCommand();
 std::unique_ptr<Command> makePortsCommand();
 std::unique_ptr<Command> makeRestoreCommand();
 std::unique_ptr<Command> makeScanCommand();

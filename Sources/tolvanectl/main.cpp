@@ -26,7 +26,7 @@ struct Entry {
     std::unique_ptr<Command> (*make)();
 };
 
-constexpr std::array<Entry, 12> commands{{
+constexpr std::array<Entry, 14> commands{{
     {"scan", "Show what fills a folder", makeScanCommand},
     {"size", "Measure single items", makeSizeCommand},
     {"access", "Tell whether everything may be read", makeAccessCommand},
@@ -38,6 +38,9 @@ constexpr std::array<Entry, 12> commands{{
     {"restore", "Put back what trash moved", makeRestoreCommand},
     {"ports", "List the processes that listen on the network", makePortsCommand},
     {"kill", "End the processes that listen on a port", makeKillCommand},
+    {"performance", "Show how memory and disk are used and what starts by itself",
+     makePerformanceCommand},
+    {"maintenance", "Empty caches and rebuild tables of the system", makeMaintenanceCommand},
     {"log", "Show the end of the application's log", makeLogCommand},
 }};
 
