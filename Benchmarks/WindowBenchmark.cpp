@@ -244,7 +244,7 @@ void openDuplicates() {
     const TemporaryHome home;
     makeCopies(home, groups, files);
     Harness harness(home);
-    harness.app().showModule(1);
+    harness.showModule("Duplicates");
     DuplicatesViewModel& controller = harness.app().duplicates();
     controller.setMinimumSize(Bytes{1});
     QTest::qWait(300);
@@ -295,10 +295,10 @@ void refreshPorts(Ui::PortKey key, bool isDrawn) {
         }
         QTest::qWait(50);
     };
-    harness.app().showModule(2);
+    harness.showModule("Ports");
     ports.sortBy(key);
     refresh(0);
-    harness.app().showModule(isDrawn ? 2 : 0);
+    harness.showModule(isDrawn ? "Ports" : "Space Analysis");
     QTest::qWait(300);
     const StallWatch watch;
     for (int round = 1; round <= 20; ++round) {

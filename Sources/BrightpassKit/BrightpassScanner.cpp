@@ -12,8 +12,6 @@ namespace {
 
 constexpr std::array<const char*, 5> junkNames{"Caches", "Logs", "Derived Data", "Crash reports",
                                                "Trash"};
-/// Small files are worth a look here: the check tells totals, nobody has to go through a list.
-constexpr Bytes minimumDuplicateSize = 1024;
 constexpr bool includesSystemLevel = true;
 
 /// By the position alone, also in a list of a caller's own.
@@ -56,15 +54,15 @@ BrightpassReport BrightpassScanner::scan(const BrightpassOptions& options, const
         }
     };
     BrightpassReport report;
-    tell("Measuring junk");
+    tell(stages[0]);
     report.junk = measuredJunk(options.junkRoots, isCancelled);
-    tell("Inventorying applications");
+    tell(stages[1]);
     report.apps = foundLeftovers(options.includeSystemApps, isCancelled);
-    tell("Looking for duplicates");
+    tell(stages[2]);
     if (options.duplicatesRoot && !(isCancelled && isCancelled())) {
         report.duplicates = duplicates_.scan(*options.duplicatesRoot, {}, isCancelled);
     }
-    tell("Summarizing");
+    tell(stages[3]);
     report.generatedAt = now();
     report.duration = std::max(report.generatedAt - start, 0.0);
     return report;

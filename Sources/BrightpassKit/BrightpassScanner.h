@@ -8,6 +8,7 @@
 #include <BrightpassKit/BrightpassOptions.h>
 #include <BrightpassKit/BrightpassReport.h>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -21,6 +22,14 @@ namespace tolvane {
 /// thread and calls back on it.
 class BrightpassScanner {
   public:
+    /// Smaller files are not compared by the scanner that `of` makes. Small ones are worth a look
+    /// here: a check tells totals, nobody has to go through a list.
+    static constexpr Bytes minimumDuplicateSize = 1024;
+
+    /// What is told of each scan, in this order.
+    static constexpr std::array<const char*, 4> stages{
+        "Measuring junk", "Inventorying applications", "Looking for duplicates", "Summarizing"};
+
     /// Told the stage that begins, as a text for people.
     using Progress = std::function<void(const std::string& stage)>;
 
@@ -28,7 +37,7 @@ class BrightpassScanner {
                       std::shared_ptr<const FileManager> fileManager);
 
     /// The scanner of this layout: its applications, the protection it usually has, and duplicates
-    /// from 1 KiB on in `duplicatesRoot`.
+    /// in `duplicatesRoot`.
     static BrightpassScanner of(const HostLayout& layout,
                                 const std::shared_ptr<const FileManager>& fileManager,
                                 const std::optional<FileURL>& duplicatesRoot);

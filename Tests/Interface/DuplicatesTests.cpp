@@ -30,7 +30,7 @@ class DuplicatesTests : public testing::Test {
     static DuplicatesViewModel& controller(Harness& harness) { return harness.app().duplicates(); }
     /// Shows the screen and the duplicates in `data`.
     static void scan(Harness& harness, const TemporaryHome& home) {
-        harness.press(Qt::Key_2, Qt::ControlModifier);
+        harness.showModule("Duplicates");
         controller(harness).setMinimumSize(Bytes{1});
         controller(harness).scanPath(shownPath(home.url("data")));
         ASSERT_TRUE(waitForResult(harness));
@@ -125,7 +125,7 @@ TEST_F(DuplicatesTests, canBeWorkedByKeyboardAlone) {
     home.write("Downloads/a.bin", std::string(2'000'000, 'd'));
     home.write("Downloads/b.bin", std::string(2'000'000, 'd'));
     Harness harness(home);
-    harness.press(Qt::Key_2, Qt::ControlModifier);
+    harness.showModule("Duplicates");
     ASSERT_TRUE(harness.tabTo("emptyStateAction"));
     harness.press(Qt::Key_Return);
     ASSERT_TRUE(waitForResult(harness));
@@ -256,7 +256,7 @@ TEST_F(DuplicatesTests, aCancelledScanOfADroppedFolderShowsThatItIsNotAll) {
                     return std::nullopt;
                 });
         }});
-    harness.press(Qt::Key_2, Qt::ControlModifier);
+    harness.showModule("Duplicates");
     harness.drop({home.url("data/single.bin"), home.url("data")});
     ASSERT_TRUE(harness.eventually([&] { return gate->isReached(); }));
     EXPECT_EQ(controller(harness).root(), home.url("data"));

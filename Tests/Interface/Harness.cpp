@@ -2,6 +2,7 @@
 
 #include <HostKit/Trash.h>
 
+#include <ControllerSupport/ControllerHome.h>
 #include <Controllers/ShownText.h>
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@
 #include <QMimeData>
 #include <QPalette>
 #include <QTest>
+#include <algorithm>
 
 namespace tolvane {
 namespace {
@@ -134,6 +136,13 @@ void Harness::doubleClick(QQuickItem* item) {
 
 void Harness::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(&window(), key, modifiers);
+}
+
+void Harness::showModule(const QString& title) {
+    const std::vector<QString> titles = texts(*app_->modules(), "title");
+    const auto found = std::find(titles.begin(), titles.end(), title);
+    ASSERT_NE(found, titles.end());
+    press(static_cast<Qt::Key>(Qt::Key_1 + (found - titles.begin())), Qt::ControlModifier);
 }
 
 void Harness::type(const QString& text) {

@@ -60,6 +60,8 @@ class Harness {
     bool tabTo(const QString& objectName);
     void drop(const std::vector<FileURL>& urls);
 
+    /// By the keys that a person would press; fails the test when there is no such module.
+    void showModule(const QString& title);
     /// Scans and waits for the result.
     void scan(const FileURL& folder);
     /// Whether it came true within a generous time.

@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 
 PortsViewModel& showPorts(Harness& harness) {
-    harness.press(Qt::Key_3, Qt::ControlModifier);
+    harness.showModule("Ports");
     PortsViewModel& ports = harness.app().ports();
     EXPECT_TRUE(harness.eventually([&] { return ports.hasListeners() && !ports.isScanning(); }));
     return ports;

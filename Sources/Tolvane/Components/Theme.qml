@@ -85,6 +85,8 @@ QtObject {
     readonly property int smallText: 12
     readonly property int bodyText: 14
     readonly property int titleText: 20
+    /// Of the one figure that a whole screen is about.
+    readonly property int heroText: 40
 
     /// Of every transition, in milliseconds; one duration keeps the whole window in step.
     readonly property int duration: reducesMotion ? 0 : 120

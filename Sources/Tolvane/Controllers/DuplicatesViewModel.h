@@ -121,6 +121,8 @@ class DuplicatesViewModel : public QObject {
     Q_INVOKABLE void chooseRoot();
     /// Looks through `root` with the minimum size as it is now.
     Q_INVOKABLE void scan();
+    /// `root` becomes the folder that is looked through.
+    void scanRoot(const FileURL& root);
     /// What the scan found until now still becomes the result.
     Q_INVOKABLE void cancel();
     /// Stops the scan; one that was cancelled and does not come back is given up.
@@ -179,7 +181,6 @@ class DuplicatesViewModel : public QObject {
     Q_INVOKABLE void closeFailures();
 
   private:
-    void scanRoot(const FileURL& root);
     /// `scan` without its respect for what runs and what the banner tells.
     void startScan();
     void apply(DuplicateScan::Result result);

@@ -3,6 +3,7 @@
 #include <Controllers/AccessStatus.h>
 #include <Controllers/Activity.h>
 #include <Controllers/AppDetail.h>
+#include <Controllers/BrightpassViewModel.h>
 #include <Controllers/DuplicatesModel.h>
 #include <Controllers/DuplicatesViewModel.h>
 #include <Controllers/FolderChooser.h>
@@ -39,6 +40,13 @@ struct AppDetailInQML {
     QML_FOREIGN(tolvane::AppDetail)
     QML_NAMED_ELEMENT(AppDetail)
     QML_UNCREATABLE("Made by controllers")
+};
+
+struct BrightpassViewModelInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::BrightpassViewModel)
+    QML_NAMED_ELEMENT(BrightpassViewModel)
+    QML_UNCREATABLE("Made by the program's entry")
 };
 
 struct DuplicatesModelInQML {

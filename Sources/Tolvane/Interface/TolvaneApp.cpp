@@ -22,6 +22,7 @@ TolvaneApp::TolvaneApp(const Host& host)
     , spaceAnalysis_(environment_)
     , duplicates_(environment_)
     , ports_(environment_)
+    , brightpass_(environment_)
     , disk_(environment_)
     , modules_({{"title", [](const Module& module) { return module.title; }},
                 {"iconName", [](const Module& module) { return module.iconName; }},
@@ -34,7 +35,10 @@ TolvaneApp::TolvaneApp(const Host& host)
                      QUrl("qrc:/Tolvane/ContentView.qml"), &spaceAnalysis_},
                     {"duplicates", "Duplicates", "doc.on.doc",
                      QUrl("qrc:/Tolvane/DuplicatesScreen.qml"), &duplicates_},
-                    {"ports", "Ports", "network", QUrl("qrc:/Tolvane/PortsScreen.qml"), &ports_}});
+                    {"ports", "Ports", "network", QUrl("qrc:/Tolvane/PortsScreen.qml"), &ports_},
+                    {"brightpass", "Brightpass", "sparkles",
+                     QUrl("qrc:/Tolvane/BrightpassScreen.qml"), &brightpass_}});
+    followLinks();
     currentModule_.setValue(firstModule());
 }
 
@@ -49,6 +53,28 @@ void TolvaneApp::showModule(int row) {
 void TolvaneApp::scanNamed(const FileURL& folder) {
     showModule(0);
     spaceAnalysis_.scan(folder, "command line");
+}
+
+void TolvaneApp::showModule(const QObject& controller) {
+    const std::vector<Module>& modules = modules_.records();
+    const auto found =
+        std::find_if(modules.begin(), modules.end(), [&controller](const Module& module) {
+            return module.controller == &controller;
+        });
+    showModule(static_cast<int>(found - modules.begin()));
+}
+
+void TolvaneApp::followLinks() {
+    connect(&brightpass_, &BrightpassViewModel::junkRequested, this, [this](const FileURL& folder) {
+        showModule(spaceAnalysis_);
+        spaceAnalysis_.scan(folder, "brightpass");
+    });
+    connect(&brightpass_, &BrightpassViewModel::duplicatesRequested, this,
+            [this](const FileURL& folder, Bytes minimumSize) {
+                showModule(duplicates_);
+                duplicates_.setMinimumSize(minimumSize);
+                duplicates_.scanRoot(folder);
+            });
 }
 
 void TolvaneApp::recordLaunch(const std::string& version) {

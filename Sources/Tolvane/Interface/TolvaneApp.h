@@ -4,6 +4,7 @@
 #include <Services/Diagnostics.h>
 
 #include <Controllers/AccessStatus.h>
+#include <Controllers/BrightpassViewModel.h>
 #include <Controllers/DuplicatesViewModel.h>
 #include <Controllers/Environment.h>
 #include <Controllers/FolderChooser.h>
@@ -56,6 +57,7 @@ class TolvaneApp : public QObject {
     ScanViewModel& spaceAnalysis() { return spaceAnalysis_; }
     DuplicatesViewModel& duplicates() { return duplicates_; }
     PortsViewModel& ports() { return ports_; }
+    BrightpassViewModel& brightpass() { return brightpass_; }
     UserDefaults& defaults() { return defaults_; }
     AppLog& log() { return log_; }
 
@@ -76,6 +78,8 @@ class TolvaneApp : public QObject {
 
     void recordLaunch(const std::string& version);
     int firstModule() const;
+    void showModule(const QObject& controller);
+    void followLinks();
 
     AppLog log_;
     Diagnostics diagnostics_;
@@ -87,6 +91,7 @@ class TolvaneApp : public QObject {
     ScanViewModel spaceAnalysis_;
     DuplicatesViewModel duplicates_;
     PortsViewModel ports_;
+    BrightpassViewModel brightpass_;
     SystemDisk disk_;
     RecordModel<Module> modules_;
 };
