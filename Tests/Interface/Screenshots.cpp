@@ -1,7 +1,7 @@
 // Draws every state of every screen, light and dark, into the folder named on the command line.
 
 #include "SampleHome.h"
-#include "Shots/Shot.h"
+#include "Shot.h"
 
 #include <Support/FaultyFiles.h>
 

@@ -1,4 +1,4 @@
-#include "../SampleHome.h"
+#include "SampleHome.h"
 #include "Shot.h"
 
 #include <QTest>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../Harness.h"
+#include "Harness.h"
 
 #include <Support/Gate.h>
 
