@@ -118,9 +118,10 @@ std::int32_t MemoryInfo::pressureLevel(std::string_view pressure) {
 }
 
 Bytes MemoryInfo::compressedDisk(std::string_view statistics) {
-    takeWord(statistics);
-    takeWord(statistics);
-    const auto taken = wholeNumber<Bytes>(takeWord(statistics));
+    std::string_view line = takeLine(statistics);
+    takeWord(line);
+    takeWord(line);
+    const auto taken = wholeNumber<Bytes>(takeWord(line));
     return std::max<Bytes>(taken.value_or(0), 0);
 }
 

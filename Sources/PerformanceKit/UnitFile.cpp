@@ -53,8 +53,8 @@ std::string firstWord(std::string_view command) {
 /// What the value of an "ExecStart" names, without the signs in front that tell how to start it.
 std::optional<std::string> programIn(std::string_view value) {
     constexpr std::string_view signs = "@-:+!|";
-    value.remove_prefix(std::min(value.find_first_not_of(signs), value.size()));
     std::string word = firstWord(value);
+    word.erase(0, word.find_first_not_of(signs));
     return word.empty() ? std::nullopt : std::optional(std::move(word));
 }
 

@@ -2,9 +2,13 @@
 #include <Support/RunProgram.h>
 #include <Support/TemporaryHome.h>
 
+#include <fmt/format.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <sstream>
+#include <vector>
 
 namespace tolvane {
 namespace {
@@ -21,9 +25,111 @@ TEST(Machine, knowsTheCapacityOfAVolume) {
     std::getline(told, heading) >> total >> available;
     EXPECT_EQ(capacity->total, total);
     // Others write meanwhile.
-    EXPECT_NEAR(static_cast<double>(capacity->available.value_or(0)), static_cast<double>(available),
-                static_cast<double>(total) / 20);
+    EXPECT_NEAR(static_cast<double>(capacity->available.value_or(0)),
+                static_cast<double>(available), static_cast<double>(total) / 20);
     EXPECT_FALSE(Machine::volume(home.url("missing")));
+}
+
+/// A machine whose /proc, /sys and /dev lie in a temporary folder.
+class MadeUpMachine : public ::testing::Test {
+  protected:
+    /// The counters in the order of their declaration, those of swap in bytes; "" when there are
+    /// none.
+    std::string memory() const {
+        const auto of = Machine::memory(sources);
+        return of ? fmt::format("{} x {}: {} {} {} {} {} {} {}, {} of {}, {}", of->total, of->unit,
+                                of->free, of->active, of->inactive, of->wired, of->compressed,
+                                of->purgeable, of->speculative, of->swapUsed, of->swapTotal,
+                                of->pressureLevel)
+                  : "";
+    }
+
+    const TemporaryHome home;
+    const HostLayout::Sources sources{home.url("proc"), home.url("sys"), home.url("dev")};
+};
+
+TEST_F(MadeUpMachine, tellsItsMemory) {
+    const std::string least = "MemTotal: 100 kB\nMemFree: 10 kB\nMemAvailable: 40 kB\n";
+    const std::string most = "9223372036854775807 kB\n";
+    const std::pair<std::string, std::string> cases[] = {
+        {least, "102400 x 1024: 10 0 30 0 0 0 0, 0 of 0, 1"},
+        {"MemTotal: 100 kB\nMemFree: 50 kB\nMemAvailable: 40 kB\n",
+         "102400 x 1024: 40 0 0 0 0 0 0, 0 of 0, 1"},
+        {least + "Active: 1 kB\nInactive: 9 kB\nUnevictable: 2 kB\nSUnreclaim: 3 kB\n"
+                 "KernelStack: 4 kB\nPageTables: 5 kB\nPercpu: 6 kB\nZswap: 7 kB\n"
+                 "SReclaimable: 8 kB\nSwapTotal: 20 kB\nSwapFree: 5 kB\n",
+         "102400 x 1024: 10 1 30 20 7 8 0, 15360 of 20480, 1"},
+        {least + "SReclaimable: 8 kB\nKReclaimable: 9 kB\nSwapTotal: 1 kB\nSwapFree: 2 kB\n",
+         "102400 x 1024: 10 0 30 0 0 9 0, 0 of 1024, 1"},
+        {"rubbish\n\n: 1\nActive: -5 kB\nPercpu: x kB\nZswap:\n" + least + "MemFree: 11 kB",
+         "102400 x 1024: 10 0 30 0 0 0 0, 0 of 0, 1"},
+        {least + "SwapTotal: " + most, "102400 x 1024: 10 0 30 0 0 0 0, 0 of 0, 1"},
+        {least + "Unevictable: " + most + "Percpu: " + most, ""},
+        {"MemTotal: " + most + "MemFree: 1 kB\nMemAvailable: 1 kB\n", ""},
+        {"MemTotal: 100 kB\nMemFree: 10 kB\n", ""},
+        {"", ""}};
+    EXPECT_EQ(memory(), "") << "without a file";
+    for (const auto& [text, expected] : cases) {
+        home.write("proc/meminfo", text);
+        EXPECT_EQ(memory(), expected) << text;
+    }
+    home.write("proc/meminfo", least + "Zswap: 7 kB\n");
+    for (const auto& [text, level] : std::initializer_list<std::pair<const char*, int>>{
+             {"some avg10=9.99 avg60=50.00\nfull avg10=9.99\n", 1},
+             {"some avg10=10.00 avg60=0.00\nfull avg10=9.99\n", 2},
+             {"some avg10=99.00\nfull avg10=10.00 avg60=0.00 total=1\n", 4},
+             {"full avg10=1e9", 4},
+             {"some avg10=\nfull avg10=nan\nsome avg10=11,5\nsome", 1}}) {
+        home.write("proc/pressure/memory", text);
+        EXPECT_THAT(memory(), testing::EndsWith(", " + std::to_string(level))) << text;
+    }
+    home.write("sys/block/zram0/mm_stat", "  4096 74 12288 0 12288 0 0\n");
+    home.write("sys/block/zram1/mm_stat", "4096 74 4096\n");
+    home.write("sys/block/zram2/mm_stat", "4096 74 -4096\n");
+    home.makeFolder("sys/block/zram3");
+    home.write("sys/block/sda/mm_stat", "1 1 4096\n");
+    EXPECT_THAT(memory(), testing::HasSubstr(" 23 0 0, "));
+}
+
+TEST_F(MadeUpMachine, tellsTheLabelsOfItsVolumes) {
+    const std::string device = home.write("dev/sd\xFF").path();
+    const auto mount = [&](const std::string& source) {
+        home.write("proc/self/mountinfo", "1 0 8:1 / / rw - ext4 /dev/other rw\n2 1 8:2 / " +
+                                              home.url().path() + " rw - ext4 " + source + " rw\n");
+        return Machine::volumeName(home.url("sys"), sources);
+    };
+    home.makeFolder("sys");
+    EXPECT_EQ(mount(device), std::nullopt);
+    home.makeLink("dev/disk/by-label/gone", "../../nothing");
+    home.makeLink("dev/disk/by-label/My\\x20\\xff\\x2", "../../sd\xFF");
+    EXPECT_EQ(mount(device), "My \xFF\\x2");
+    home.makeLink("dev/mapper", device);
+    EXPECT_EQ(mount(home.path("dev/mapper")), "My \xFF\\x2") << "under another name";
+    EXPECT_EQ(mount("overlay"), std::nullopt);
+    EXPECT_EQ(mount(home.path("dev/none")), std::nullopt);
+    EXPECT_EQ(Machine::volumeName(home.url("none"), sources), std::nullopt);
+}
+
+TEST(Machine, givesFreeMemoryBack) {
+    constexpr std::size_t count = 20'000;
+    constexpr std::size_t size = 4000;
+    std::vector<std::unique_ptr<std::string>> blocks;
+    for (std::size_t i = 0; i < count; ++i) {
+        blocks.push_back(std::make_unique<std::string>(size, 'x'));
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i % 16 != 0) {
+            blocks[i].reset();
+        }
+    }
+    const HostLayout::Sources sources = HostLayout::current().sources;
+    const Bytes released = Machine::releaseAllocatorPages(sources);
+#ifndef __SANITIZE_ADDRESS__ // whose allocator keeps what is free
+    EXPECT_GT(released, Bytes{count * size / 2});
+#endif
+    EXPECT_LT(Machine::releaseAllocatorPages(sources), Bytes{count * size / 2}) << "again";
+    const TemporaryHome home;
+    EXPECT_EQ(Machine::releaseAllocatorPages({home.url(), home.url(), {}}), 0) << "nothing told";
 }
 
 }

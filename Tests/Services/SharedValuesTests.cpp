@@ -1,7 +1,9 @@
 #include <Services/CountFormat.h>
 #include <Services/NotCounted.h>
+#include <Services/PurgeResult.h>
 #include <Services/QuickLocation.h>
 #include <Services/ReviewItem.h>
+#include <Services/ThinningTarget.h>
 #include <Services/Throttle.h>
 #include <Support/SyntheticFiles.h>
 
@@ -42,6 +44,34 @@ TEST(ReviewItem, describesAScannedNodeWithAllBelowIt) {
 
     const FileNode link(FileURL("/l"), "l", Kind::symlink, 0, 3, false, {}, {}, 0, 0, 0, false);
     EXPECT_FALSE(reviewItem(link).isDirectory) << "whatever it leads to";
+}
+
+TEST(ThinningTarget, prefersTheVolumeOfTheUsersFiles) {
+    const LocalSnapshot system{"2024-03-01-101500", "/", true};
+    const LocalSnapshot data{"2024-03-01-101500", "/data", true};
+    EXPECT_FALSE(ThinningTarget::of({}, std::nullopt));
+    EXPECT_EQ(ThinningTarget::of({{system}, {}}, std::nullopt),
+              (ThinningTarget{"/", 1'000'000'000, 4}));
+    const auto bytes = [&](Bytes available, Bytes important) {
+        const VolumeStats volume{"", 9'000'000'000, available, important, 0};
+        const auto target = ThinningTarget::of({{system}, {data}}, volume);
+        EXPECT_EQ(target.value().volume, "/data");
+        return target->bytes;
+    };
+    EXPECT_EQ(bytes(1, 5'000'000'001), 5'000'000'000);
+    EXPECT_EQ(bytes(1, 200'000'001), 1'000'000'000);
+    EXPECT_EQ(bytes(5'000'000'000, 0), 1'000'000'000);
+}
+
+TEST(PurgeResult, tellsOnlyOfMemoryThatWasWon) {
+    const auto text = [](Bytes before, Bytes after) {
+        return PurgeResult::between(MemoryStats{.free = before}, MemoryStats{.inactive = after})
+            .text();
+    };
+    EXPECT_EQ(text(5, 1'500'005), "Released 1.5 MB of memory");
+    EXPECT_EQ(text(5, 5) + text(5, 4),
+              text(1, 0) + "Purge completed; available memory is unchanged");
+    EXPECT_EQ(PurgeResult::between(MemoryStats{.speculative = 7}, std::nullopt).delta, -7);
 }
 
 TEST(CountFormat, groupsDigitsAndCountsNouns) {

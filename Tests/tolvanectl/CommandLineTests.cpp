@@ -56,6 +56,12 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
                                     "kill 1 --pid 1 --yes",
                                     "kill --pid 1x --yes",
                                     "kill 1",
+                                    "performance now",
+                                    "performance --limit -1",
+                                    "performance --limit x",
+                                    "maintenance",
+                                    "maintenance dance",
+                                    "maintenance ls dns",
                                     "restore a b",
                                     "restore ''"}) {
         const CommandResult result = runIn("exec \"$@\" --json " + words, {});
@@ -71,8 +77,9 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
 }
 
 TEST_F(CommandLine, answersHelpAndVersionAtEveryLevel) {
-    for (const std::string command : {"", "scan", "size", "access", "apps", "leftovers", "trash",
-                                      "restore", "ports", "kill", "log"}) {
+    for (const std::string command :
+         {"", "scan", "size", "access", "apps", "leftovers", "trash", "restore", "ports", "kill",
+          "performance", "maintenance", "log"}) {
         for (const char* const option : {" --help", " --version"}) {
             std::string line = "exec \"$@\" " + command;
             line += option;

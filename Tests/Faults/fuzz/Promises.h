@@ -18,6 +18,21 @@ std::string brokenListenersPromise(std::string_view bytes);
 /// The same about what ps prints.
 std::string brokenProcessTreePromise(std::string_view bytes);
 
+/// The same about what ps prints of memory.
+std::string brokenHeavyProcessesPromise(std::string_view bytes);
+
+/// The same about how Linux tells of its memory.
+std::string brokenMemoryInfoPromise(std::string_view bytes);
+
+/// The same about what tmutil and diskutil print.
+std::string brokenSnapshotsPromise(std::string_view bytes);
+
+/// The same about the table of snapper.
+std::string brokenSnapperTablePromise(std::string_view bytes);
+
+/// The same about units.
+std::string brokenUnitFilePromise(std::string_view bytes);
+
 /// The same about property lists.
 std::string brokenPropertyListPromise(std::string_view bytes);
 

@@ -81,6 +81,24 @@ std::vector<std::string> partsOf(const std::string& text) {
     return parts;
 }
 
+TEST(Promises, aboutWhatTheMachineTellsHoldForFixedInputs) {
+    const std::vector<std::pair<std::string (*)(std::string_view), std::string>> subjects = {
+        {brokenHeavyProcessesPromise, "1 ~ _ _ 2_30_0.5_a_b~ 9 99999999 . - + e nan /a/b \t \r"},
+        {brokenMemoryInfoPromise, "MemTotal:_9_kB~ MemFree:_5~ MemAvailable:_7~ SwapTotal: "
+                                  "SwapFree: Zswap: Percpu: ~ _ 8 9999999999999999 full some "
+                                  "avg10=50.0 avg10= . -"},
+        {brokenSnapshotsPromise, "Name:_ Purgeable:_Yes~ no ~ com.apple.TimeMachine. "
+                                 "2024-03-01-101500 2024-03 - 1 _ \r"},
+        {brokenSnapperTablePromise,
+         "1,2026-11-21_05:46:58,a~ 2, 2026-11-21_05:46:58 , ~ 0 - : _ n"},
+        {brokenUnitFilePromise, "[Service]~ ExecStart= ~ \\ \" ' @ - ! # _ /a %% % [ ] ="}};
+    for (const auto& [broken, parts] : subjects) {
+        for (const std::string& input : fixedInputs(partsOf(parts))) {
+            ASSERT_EQ(broken(input), "") << testing::PrintToString(input);
+        }
+    }
+}
+
 TEST(Promises, aboutWhatApplicationsTellHoldForFixedInputs) {
     for (const std::string& input : fixedInputs(
              partsOf("<plist> </plist> <dict> </dict> <array> </array> <key>a</key> <string> "

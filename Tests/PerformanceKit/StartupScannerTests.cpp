@@ -1,0 +1,126 @@
+#include <Support/MadePropertyLists.h>
+#include <Support/MadeUpTool.h>
+
+#include <HostKit/PropertyList.h>
+#include <PerformanceKit/StartupScanner.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tolvane {
+namespace {
+
+using testing::ElementsAre;
+
+class StartupItems : public ::testing::Test {
+  protected:
+    /// "user! label = program", the sign where it is started at once.
+    std::vector<std::string> scan(const StartupPlaces& places) const {
+        std::vector<std::string> lines;
+        const auto files = systemFileManager(HostLayout::current());
+        for (const StartupAgent& agent : StartupScanner::scan(home.url(), *files, places)) {
+            EXPECT_EQ(agent.id(), agent.url.path());
+            lines.push_back(agent.scope + (agent.runAtLoad ? "! " : " ") + agent.label + " = " +
+                            agent.program.value_or("none"));
+        }
+        return lines;
+    }
+
+    const TemporaryHome home;
+};
+
+TEST_F(StartupItems, areReadFromPropertyLists) {
+    const auto write = [&](const std::string& name, const std::string& content) {
+        home.write(name, xmlPropertyList("<dict>" + content + "</dict>"));
+    };
+    const std::string atOnce = "<key>RunAtLoad</key><true/>";
+    write("L/com.example.agent.plist", atOnce);
+    write("L/b.plist", "<key>Label</key><string>item 10</string><key>Program</key><string>/p"
+                       "</string><key>ProgramArguments</key><array><string>/q</string></array>");
+    write("L/c.plist", "<key>Label</key><integer>1</integer><key>ProgramArguments</key><array>"
+                       "<string>/q</string><string>-x</string></array>");
+    write("L/d.plist", "<key>Label</key><string>Item 9</string><key>ProgramArguments</key><array/>"
+                       "<key>RunAtLoad</key><string>true</string>");
+    write("L/e.plist", "<key>ProgramArguments</key><array><string>/q</string><true/></array>");
+    write("L/.hidden.plist", atOnce);
+    write("L/upper.PLIST", atOnce);
+    home.write("L/f.plist", "rubbish");
+    home.write("L/g.plist", xmlPropertyList("<array><string>x</string></array>"));
+    home.write("L/h.plist", std::string(PropertyList::largestSize + 1, ' '));
+    home.makeFolder("L/i.plist");
+    home.write("D/binary.plist", binaryPropertyList({{"Label", "Zz"}, {"Program", "/z"}}));
+    EXPECT_THAT(scan({.folders = {{"user", StartupFormat::propertyList, "L"},
+                                  {"system", StartupFormat::propertyList, "missing"},
+                                  {"daemon", StartupFormat::propertyList, home.path("D")}}}),
+                ElementsAre("user! com.example.agent = none", "user c = /q", "user e = none",
+                            "user Item 9 = none", "user item 10 = /p", "daemon Zz = /z"));
+}
+
+TEST_F(StartupItems, areReadFromAutostartFolders) {
+    const std::string tool = madeUpTool(home, "", "bin/tool").path();
+    const auto write = [&](const std::string& name, const std::string& keys) {
+        home.write(name, "[Desktop Entry]\nExec=" + name + " %u\n" + keys);
+    };
+    write("user/a.desktop", "Name=Later\nName[de]=A\n");
+    write("user/b.desktop", "Hidden=true\n");
+    write("user/c.desktop", "X-GNOME-Autostart-enabled=false\n");
+    write("user/d.desktop", "OnlyShowIn=KDE;GNOME;\nTryExec=tool\n");
+    write("user/e.desktop", "OnlyShowIn=KDE;\n");
+    write("user/f.desktop", "NotShowIn=X;GNOME\nTryExec=" + tool);
+    write("user/g.desktop", "TryExec=missing\n");
+    write("user/h.desktop", "TryExec=" + home.path("user/h.desktop"));
+    home.write("user/i.desktop", "Exec=no group");
+    write("user/j.txt", "");
+    write("system/a.desktop", "Name=overridden\n");
+    write("system/i.desktop", "Name=overridden too\n");
+    write("system/k.desktop", "NotShowIn=\nOnlyShowIn=\nHidden=false\n");
+    home.write("system/l.desktop", "[Desktop Entry]\n");
+    EXPECT_THAT(
+        scan({.folders = {{"user", StartupFormat::autostart, "user"},
+                          {"system", StartupFormat::autostart, "system"}},
+              .desktops = {"ubuntu", "GNOME"},
+              .programFolders = {home.url("none"), home.url("bin")},
+              .locale = "de_DE.UTF-8"}),
+        ElementsAre("user! A = user/a.desktop", "user! d = user/d.desktop", "system! l = none",
+                    "user b = user/b.desktop", "user c = user/c.desktop", "user e = user/e.desktop",
+                    "user f = user/f.desktop", "user g = user/g.desktop", "user h = user/h.desktop",
+                    "system k = system/k.desktop", "system overridden = system/a.desktop",
+                    "system overridden too = system/i.desktop"));
+}
+
+TEST_F(StartupItems, areReadFromUnits) {
+    const auto write = [&](const std::string& name, const std::string& start) {
+        home.write(name, "[Unit]\nExecStart=/not/here\n[Service]\n" + start + "[Install]\n");
+    };
+    write("u/own.service", " ExecStart = -@/bin/own own # x\nExecStart=/bin/second\n");
+    write("lib/getty@.service", "ExecStart=-/sbin/getty \\\n# note\n; note\n %I\n");
+    home.makeLink("u/getty.target.wants/getty@tty1.service", home.path("lib/getty@.service"));
+    write("u/enabled.service", "ExecStart=/old\nExecStart=\nExecStart=!!\"/a b/c%%d\" x\n");
+    home.makeLink("u/multi.target.requires/enabled.service", "../enabled.service");
+    write("u/quoted.service", "ExecStart=\\\n  ':/opt/it\\'s' x\n#ExecStart=/no\n");
+    write("u/none.service", "ExecStartPre=/x\nExecStart\n");
+    home.makeLink("u/masked.service", "/dev/null");
+    home.makeLink("u/multi.target.wants/masked.service", home.path("u/own.service"));
+    home.makeLink("u/multi.target.wants/gone.service", "nowhere");
+    write("u/own.timer", "ExecStart=/x\n");
+    write("u/multi.target.wants/own.socket", "ExecStart=/x\n");
+    home.write("u/empty.service", "");
+    home.write("u/nul.service", std::string("[Service]\nExecStart=/x\0", 23));
+    EXPECT_THAT(scan({.folders = {{"daemon", StartupFormat::unit, "u"}}}),
+                ElementsAre("daemon! enabled = /a b/c%d", "daemon! getty@tty1 = /sbin/getty",
+                            "daemon none = none", "daemon own = /bin/own",
+                            "daemon quoted = /opt/it's"));
+}
+
+TEST_F(StartupItems, areNoLongerReadWhenCancelled) {
+    home.write("a/a.desktop", "[Desktop Entry]\n");
+    home.write("a/a.service", "[Service]\n");
+    const auto files = systemFileManager(HostLayout::current());
+    const auto scanned = StartupScanner::scan(
+        home.url(), *files,
+        {.folders = {{"user", StartupFormat::autostart, "a"}, {"user", StartupFormat::unit, "a"}}},
+        [] { return true; });
+    EXPECT_TRUE(scanned.empty());
+}
+
+}
+}
