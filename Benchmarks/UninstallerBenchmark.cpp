@@ -2,6 +2,7 @@
 /// one, and to tell for all its leftovers who else would claim them.
 
 #include <HostKit/HostLayout.h>
+#include <Support/CountingFiles.h>
 #include <UninstallerKit/AppInventory.h>
 #include <UninstallerKit/LeftoverFinder.h>
 
@@ -73,6 +74,23 @@ void makeImage(const FileURL& home, int number) {
     write(home.appending(".config/" + id + "rc"), "x");
 }
 
+/// What the search for one application's leftovers asks the file system.
+void countCalls(const HostLayout& layout, const InstalledApp& app) {
+    const FileURL& home = layout.locations.home;
+    const auto counts = std::make_shared<FileCounts>();
+    const LeftoverFinder finder(home, home.appending("system"),
+                                std::make_shared<CountingFiles>(systemFileManager(layout), counts),
+                                ProtectionPolicy(layout.protection), layout.leftovers);
+    const std::size_t found = finder.leftovers(app, true).size();
+    int tests = 0;
+    int listings = 0;
+    for (const auto& [path, count] : *counts) {
+        (path.ends_with('/') ? listings : tests) += count;
+    }
+    fmt::print("  existence tests / listings{:>6} / {} ({} leftovers, {} rows)\n", tests, listings,
+               found, layout.leftovers.rows.size());
+}
+
 void measure(const std::string& title, const HostLayout& layout,
              const std::function<void(const FileURL&, int)>& make) {
     const FileURL& home = layout.locations.home;
@@ -95,6 +113,7 @@ void measure(const std::string& title, const HostLayout& layout,
                "  {} leftovers of one found{:>12.3f} s CPU\n"
                "  who else claims them{:>17.3f} s CPU\n",
                title, apps.size(), listing, items.size(), finding, claiming);
+    countCalls(layout, app);
 }
 
 /// Everything below a folder of this run's own, which is removed at its end.

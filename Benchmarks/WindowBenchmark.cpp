@@ -8,6 +8,8 @@
 #include <Support/SyntheticFiles.h>
 #include <Support/TemporaryHome.h>
 
+#include <ControllerSupport/ControllerHome.h>
+#include <Controllers/UninstallerViewModel.h>
 #include <fmt/format.h>
 
 #include <QElapsedTimer>
@@ -309,6 +311,33 @@ void refreshPorts(Ui::PortKey key, bool isDrawn) {
            watch.longest(), isDrawn ? 33 : 5);
 }
 
+/// Every keystroke of a search, there and back, over as many applications as a person may have.
+void searchApplications() {
+    constexpr int count = 2'000;
+    const ControllerHome home;
+    for (int number = 0; number < count; ++number) {
+        home.write(fmt::format("Applications/App {0}.app/org.example.app{0}.desktop", number),
+                   fmt::format("[Desktop Entry]\nName=Application {}\n", number));
+    }
+    UninstallerViewModel apps(home.environment());
+    apps.load();
+    while (apps.isLoading()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    }
+    QTest::qWait(1000);
+    Span slowest;
+    for (const char* const query :
+         {"a", "ap", "app 1", "app 19", "APPLICATION 19", "app", "9", ""}) {
+        const Stopwatch watch;
+        apps.setQuery(query);
+        const Span span = watch.elapsed();
+        slowest.busy = std::max(slowest.busy, span.busy);
+        slowest.wall = std::max(slowest.wall, span.wall);
+    }
+    report(fmt::format("a keystroke of a search in {} applications", apps.apps().size()), slowest,
+           16);
+}
+
 constexpr std::string_view firstFrame = "first-frame";
 
 /// In a process of its own: everything from its start to the first frame.
@@ -349,6 +378,7 @@ int run(int count, char** arguments) {
         refreshPorts(key, false);
         refreshPorts(key, true);
     }
+    searchApplications();
     scanWholeDisk();
     return 0;
 }

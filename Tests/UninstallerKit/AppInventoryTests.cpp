@@ -1,6 +1,7 @@
 #include <HostKit/HostLayout.h>
 #include <Support/MadePropertyLists.h>
 #include <Support/TemporaryHome.h>
+#include <UninstallerKit/AppIcons.h>
 #include <UninstallerKit/AppInventory.h>
 
 #include <gmock/gmock.h>
@@ -128,6 +129,18 @@ TEST_F(InventoryOfBundles, keepsTheFirstOfAnIdentifierAndSortsByName) {
     const std::vector<InstalledApp> some = inventory().scan(false, [&] { return ++asked > 3; });
     EXPECT_EQ(asked, 4) << "once for each bundle";
     EXPECT_EQ(some.size(), 3U);
+}
+
+TEST_F(InventoryOfBundles, hasTheIconAmongItsResources) {
+    home.write("shared/A.app/Contents/Resources/Art.icns");
+    for (const char* const name : {"Art", "Art.icns", "../Resources/Art.icns", "missing"}) {
+        makeApp("shared/A.app", {{"CFBundleIconFile", name}});
+        const bool isThere = std::string(name).starts_with("Art");
+        EXPECT_EQ(AppIcons(*systemFileManager(layout), places).file(only()),
+                  isThere ? std::optional(home.url("shared/A.app/Contents/Resources/Art.icns"))
+                          : std::nullopt)
+            << name;
+    }
 }
 
 }

@@ -1,6 +1,7 @@
 #include <HostKit/HostLayout.h>
 #include <Support/MadePropertyLists.h>
 #include <Support/TemporaryHome.h>
+#include <UninstallerKit/AppIcons.h>
 #include <UninstallerKit/AppInventory.h>
 #include <UninstallerKit/RunningApp.h>
 
@@ -131,6 +132,41 @@ TEST_F(LauncherBundle, runsWhenAProcessRunsSomethingInIt) {
     EXPECT_EQ(app.url, home.url("Applications/tool"));
     EXPECT_TRUE(isRunning(app, *files, {"/bin/sh", home.path(".local/opt/tool/bin/tool")}));
     EXPECT_FALSE(isRunning(app, *files, {"/bin/sh", home.path(".local/opt/tools/bin/tool")}));
+}
+
+TEST_F(LauncherBundle, hasTheIconThatIsNamedForIt) {
+    const std::string theme = ".local/share/icons/hicolor/";
+    for (const char* const name : {"48x48/apps/tool.png", "256x256/apps/tool.png",
+                                   "scalable/apps/drawn.svg", "64x64/mimetypes/other.png"}) {
+        home.write(theme + name);
+    }
+    home.write(".icons/flat.png");
+    home.write("picture of mine");
+    home.write("Applications/Own.AppDir/a.desktop", "[Desktop Entry]\nName=A\nIcon=own\n");
+    home.write("Applications/Own.AppDir/own.svg");
+    const std::string image = "Applications/Tool.AppImage";
+    makeImage(image);
+    const struct {
+        std::string icon;
+        std::string file;
+    } cases[] = {{"tool", theme + "256x256/apps/tool.png"},
+                 {"drawn.svg", theme + "scalable/apps/drawn.svg"},
+                 {"flat", ".icons/flat.png"},
+                 {home.path("picture of mine"), "picture of mine"},
+                 {home.path("Applications"), ""},
+                 {"other", ""},
+                 {"../Own.AppDir/own.svg", ""},
+                 {"", ""}};
+    for (const auto& each : cases) {
+        makeLauncher("tool", home.path(image), "Icon=" + each.icon + "\n");
+        const AppIcons icons(*files, layout.applications);
+        const std::vector<InstalledApp> apps = scan();
+        ASSERT_EQ(apps.size(), 2U);
+        EXPECT_EQ(icons.file(apps[0]), home.url("Applications/Own.AppDir/own.svg"));
+        EXPECT_EQ(icons.file(apps[1]),
+                  each.file.empty() ? std::nullopt : std::optional(home.url(each.file)))
+            << each.icon;
+    }
 }
 
 }

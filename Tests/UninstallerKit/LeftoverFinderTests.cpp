@@ -1,5 +1,5 @@
 #include <HostKit/HostLayout.h>
-#include <Support/FaultyFiles.h>
+#include <Support/CountingFiles.h>
 #include <Support/TemporaryHome.h>
 #include <UninstallerKit/LeftoverFinder.h>
 
@@ -16,28 +16,6 @@ using Certainty = LeftoverOrigin::Certainty;
 using Row = std::pair<std::string, std::string>;
 
 const std::string id = "org.example.Paint";
-
-using Counts = std::map<std::string, int>;
-
-/// Counts what is asked of the file system: tests and, with "/" at the end, listings.
-class CountingFiles final : public FaultyFiles {
-  public:
-    CountingFiles(std::shared_ptr<const FileManager> files, std::shared_ptr<Counts> counts)
-        : FaultyFiles(std::move(files),
-                      [counts](FileOperation, const FileURL& url) -> std::optional<SystemError> {
-                          ++(*counts)[url.path() + "/"];
-                          return std::nullopt;
-                      })
-        , counts_(std::move(counts)) {}
-
-    std::optional<FileType> targetType(const FileURL& url) const override {
-        ++(*counts_)[url.path()];
-        return FaultyFiles::targetType(url);
-    }
-
-  private:
-    std::shared_ptr<Counts> counts_;
-};
 
 /// With the table of darwin, unless a test takes another layout.
 class Leftovers : public ::testing::Test {
@@ -62,7 +40,7 @@ class Leftovers : public ::testing::Test {
 
     TemporaryHome home;
     HostLayout layout = HostLayout::darwin(home.url());
-    std::shared_ptr<Counts> counts = std::make_shared<Counts>();
+    std::shared_ptr<FileCounts> counts = std::make_shared<FileCounts>();
 };
 
 class LeftoversOnFreedesktop : public Leftovers {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <HostKit/Checked.h>
 #include <UninstallerKit/InstalledApp.h>
 
 #include <Controllers/RecordModel.h>

@@ -1,4 +1,5 @@
 #include <Components/ComponentsSetup.h>
+#include <Interface/ApplicationIconProvider.h>
 #include <Interface/MainWindow.h>
 
 #include <QFont>
@@ -24,6 +25,7 @@ QFont interfaceFont() {
 MainWindow::MainWindow(TolvaneApp& app, Appearance& appearance)
     : defaults_(app.defaults()) {
     readyComponents(engine_);
+    engine_.addImageProvider("application", new ApplicationIconProvider(app.files()));
     engine_.setInitialProperties(
         {{"app", QVariant::fromValue(&app)}, {"appearance", QVariant::fromValue(&appearance)}});
     engine_.load(QUrl("qrc:/Tolvane/RootView.qml"));

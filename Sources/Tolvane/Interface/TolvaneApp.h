@@ -60,6 +60,7 @@ class TolvaneApp : public QObject {
     BrightpassViewModel& brightpass() { return brightpass_; }
     UserDefaults& defaults() { return defaults_; }
     AppLog& log() { return log_; }
+    const std::shared_ptr<const FileManager>& files() const { return environment_.files; }
 
     Q_INVOKABLE void showModule(int row);
     /// Shows what fills a folder that was named when the program was started.

@@ -1,0 +1,383 @@
+#include <Support/GatedFiles.h>
+#include <Support/MadePropertyLists.h>
+#include <Support/OddNames.h>
+#include <Support/OrdinaryUser.h>
+#include <Support/TreeState.h>
+
+#include <ControllerSupport/ControllerHome.h>
+#include <ControllerSupport/FailingTrash.h>
+#include <Controllers/UninstallerReview.h>
+#include <Controllers/UninstallerViewModel.h>
+#include <gmock/gmock.h>
+
+#include <QAbstractItemModelTester>
+#include <QProcess>
+#include <filesystem>
+
+namespace tolvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class UninstallerViewModelTests : public testing::Test {
+  protected:
+    /// Some leftovers belong to the system, which lies below the home here, and are protected.
+    UninstallerViewModelTests() {
+        environment.layout.locations.systemLibrary = home.url("system");
+        environment.layout.protection.additionalPrefixes.push_back(home.path("system"));
+    }
+
+    UninstallerViewModel& start(const std::shared_ptr<const FileManager>& files = nullptr) {
+        tester.reset();
+        controller.reset();
+        environment.files = files ? files : home.files;
+        controller = std::make_unique<UninstallerViewModel>(environment);
+        tester = std::make_unique<QAbstractItemModelTester>(
+            controller->rows(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+        return *controller;
+    }
+    void settle() {
+        waitUntil([this] {
+            return !controller->isLoading() && !controller->isWorking() &&
+                   !controller->detail()->isLoading() && !controller->removal()->isChecking();
+        });
+    }
+    void load() {
+        controller->load();
+        settle();
+    }
+    void select(const std::string& identifier) {
+        controller->select(QString::fromLatin1(identifier));
+        settle();
+    }
+    void review() {
+        controller->prepareReview();
+        settle();
+    }
+    void remove() {
+        controller->removeReviewed();
+        settle();
+    }
+    /// Has it load, and opens the sheet on the tool.
+    void reviewTool() {
+        start();
+        load();
+        select(id);
+        review();
+    }
+    /// An application folder that describes itself.
+    void makeApp(const std::string& name, const std::string& identifier) const {
+        home.write(bundle(name) + "/" + identifier + ".desktop",
+                   "[Desktop Entry]\nName=" + name + "\n");
+        home.write(bundle(name) + "/AppRun", "program");
+    }
+    static std::string bundle(const std::string& name) { return "Applications/" + name + ".app"; }
+    std::vector<QString> shown(const QByteArray& role) { return texts(*controller->rows(), role); }
+    std::vector<QString> left(const QByteArray& role) {
+        return texts(*controller->detail()->leftoverRows(), role);
+    }
+    std::vector<QString> sheet(const QByteArray& role) {
+        return texts(*controller->removal()->rows(), role);
+    }
+
+    const std::string id = "org.example.tool";
+    /// Outlives the workers, which may come to it late.
+    Gate gate;
+    ControllerHome home;
+    Environment environment = home.environment();
+    std::unique_ptr<UninstallerViewModel> controller;
+    std::unique_ptr<QAbstractItemModelTester> tester;
+};
+
+TEST_F(UninstallerViewModelTests, listsAndFindsApplicationsByNameAndIdentifier) {
+    makeApp("App 10", "org.example.Ten");
+    makeApp("App 9", "org.example.nine");
+    makeApp("\u00c4pfel \u202e<b>", "net.odd");
+    start();
+    EXPECT_EQ(controller->stage(), Ui::Stage::Start);
+    controller->appeared();
+    EXPECT_EQ(controller->stage(), Ui::Stage::Working);
+    settle();
+    controller->appeared();
+    EXPECT_FALSE(controller->isLoading()) << "once is enough";
+    EXPECT_THAT(shown("name"), ElementsAre("\u00c4pfel \ufffd<b>", "App 9", "App 10"));
+    EXPECT_EQ(home.logged("uninstaller inventory apps=3\n"), 1);
+    EXPECT_THAT(controller->leftOutText().toStdString(), HasSubstr("package manager"));
+    const struct {
+        const char* query;
+        std::vector<std::string> ids;
+        const char* count;
+    } searches[] = {
+        {"\u00e4PF", {"net.odd"}, "1 of 3 applications"},
+        {"TEN", {"org.example.Ten"}, "1 of 3 applications"},
+        {"org.EXAMPLE", {"org.example.nine", "org.example.Ten"}, "2 of 3 applications"},
+        {"apfel", {}, "0 of 3 applications"},
+        {" ", {"net.odd", "org.example.nine", "org.example.Ten"}, "3 applications"},
+        {"  ", {}, "0 of 3 applications"},
+        {"", {"net.odd", "org.example.nine", "org.example.Ten"}, "3 applications"},
+    };
+    for (const auto& search : searches) {
+        controller->setQuery(search.query);
+        std::vector<std::string> ids;
+        for (const InstalledApp& app : controller->filteredApps()) {
+            ids.push_back(app.id());
+        }
+        EXPECT_EQ(ids, search.ids) << search.query;
+        EXPECT_EQ(controller->countText(), search.count) << search.query;
+        EXPECT_EQ(controller->emptyText().isEmpty(), !search.ids.empty());
+    }
+    EXPECT_EQ(controller->rowOf("org.example.Ten"), 2);
+    controller->revealApp(controller->idAt(2));
+    EXPECT_THAT(home.workspace.revealed, ElementsAre(home.url(bundle("App 10"))));
+    std::filesystem::remove_all(home.path("Applications"));
+    load();
+    EXPECT_EQ(controller->emptyText(), "No applications were found");
+}
+
+TEST_F(UninstallerViewModelTests, showsWhatAnApplicationLeavesAndHowSureThatIs) {
+    makeApp("Tool", id);
+    makeApp("Tools", id + "s");
+    home.write(".local/share/" + id + "/data", std::string(20'000, 'x'));
+    home.write(".config/" + id + "rc");
+    home.write(".config/" + id + "s.conf", "s");
+    home.write("system/etc/xdg/" + id + ".conf", "x");
+    start();
+    load();
+    controller->select(QString::fromStdString(id));
+    EXPECT_TRUE(controller->detail()->isLoading());
+    EXPECT_EQ(controller->appSize(), 0);
+    settle();
+    EXPECT_THAT(left("kind"), ElementsAre("Application Support", "Preferences", "Preferences",
+                                          "System Preferences"));
+    EXPECT_THAT(left("certaintyText"),
+                ElementsAre("Exact name", "By name", "By name", "Exact name"));
+    EXPECT_THAT(left("othersText"), ElementsAre("", "Also matches Tools", "", ""));
+    EXPECT_THAT(left("isProtected"), ElementsAre("false", "false", "false", "true"));
+    EXPECT_THAT(left("groupText")[1].toStdString(), HasSubstr("Preferences: 2 items, "));
+    const std::string size = std::to_string(controller->appSize());
+    EXPECT_EQ(home.logged("uninstaller detail app=" + id + " size=" + size + " leftovers=4\n"), 1);
+    EXPECT_EQ(controller->detail()->protectedText(), "1 protected item stays");
+    EXPECT_NE(shown("sizeText")[0], "") << "known from now on";
+    controller->revealLeftover(0);
+    controller->copyLeftoverPath(99);
+    EXPECT_THAT(home.workspace.revealed, ElementsAre(home.url(".local/share/" + id)));
+    controller->clearSelection();
+    EXPECT_FALSE(controller->detail()->hasApp());
+    EXPECT_THAT(left("kind"), IsEmpty());
+}
+
+TEST_F(UninstallerViewModelTests, showsOnlyTheLatestSelection) {
+    makeApp("Slow", "org.example.slow");
+    makeApp("Tool", id);
+    home.write(".config/org.example.slow.conf");
+    home.defaults.set("autoSelectFirstApp", true);
+    // Both the size of the first application and the search for its leftovers are held up.
+    start(gated(gate, home.files, home.url(".config")));
+    gate.open();
+    load();
+    EXPECT_EQ(controller->selected()->id(), "org.example.slow");
+    gate.close();
+    controller->select(*controller->selected());
+    waitUntil([this] { return gate.isReached(); });
+    controller->prepareReview();
+    const InstalledApp tool = controller->apps()[1];
+    controller->select(tool);
+    EXPECT_FALSE(controller->showReview()) << "it was that of another application";
+    gate.open();
+    settle();
+    processEvents();
+    EXPECT_EQ(controller->selected(), tool);
+    EXPECT_THAT(controller->leftovers(), IsEmpty());
+    EXPECT_NE(controller->detail()->emptyText(), "");
+    EXPECT_EQ(home.logged("uninstaller detail app=org.example.slow"), 1);
+    load();
+    EXPECT_EQ(controller->selected(), tool) << "what is selected stays";
+}
+
+TEST_F(UninstallerViewModelTests, movesAllOfAnApplicationToTheTrashAndBack) {
+    makeApp("Tool", id);
+    makeApp("Other", "org.example.other");
+    home.write(".local/share/" + id + "/deep/er/file", std::string(20'000, 'x'));
+    home.makeLink(".config/" + id + "-link", "../elsewhere");
+    home.write("elsewhere/kept", "kept");
+    std::vector<std::string> names = oddNames();
+    std::erase_if(names, [](const std::string& name) { return name.size() > 200; });
+    for (const std::string& name : names) {
+        home.write(".config/" + id + name, name);
+    }
+    const std::size_t count = names.size() + 2;
+    const TreeState apps = treeState(home.path("Applications"));
+    const TreeState config = treeState(home.path(".config"));
+    reviewTool();
+    ASSERT_EQ(controller->leftovers().size(), count);
+    EXPECT_THAT(controller->reviewItems()[0],
+                (ReviewItem{id, "Tool", home.url(bundle("Tool")), controller->appSize(), true}));
+    EXPECT_EQ(sheet("isDirectory")[1], "true") << "the folder is the largest leftover";
+    EXPECT_EQ(sheet("isDirectory")[2], "false");
+    EXPECT_THAT(sheet("trouble"), testing::Each(QString()));
+    EXPECT_EQ(controller->removal()->warningText(), "");
+
+    controller->removeReviewed();
+    EXPECT_TRUE(controller->isWorking());
+    controller->load();
+    controller->select("org.example.other");
+    controller->clearSelection();
+    settle();
+    EXPECT_EQ(controller->banner().toStdString(),
+              "Removed Tool and " + std::to_string(count) + " leftover item(s)");
+    const std::string all = std::to_string(count + 1);
+    EXPECT_EQ(home.logged("uninstaller removed app=" + id + " receipts=" + all + "\n"), 1);
+    EXPECT_FALSE(controller->selected() || controller->showReview());
+    EXPECT_THAT(shown("name"), ElementsAre("Other"));
+    EXPECT_THAT(treeState(home.path(".config")), IsEmpty());
+    EXPECT_EQ(home.read("elsewhere/kept"), "kept");
+
+    controller->undo();
+    settle();
+    EXPECT_EQ(controller->banner().toStdString(), "Restored " + all + " item(s)");
+    EXPECT_EQ(home.logged("uninstaller undo restored=" + all + " failed=0\n"), 1);
+    EXPECT_EQ(treeState(home.path("Applications")), apps);
+    EXPECT_EQ(treeState(home.path(".config")), config);
+    EXPECT_THAT(shown("name"), ElementsAre("Other", "Tool"));
+    controller->undo();
+    EXPECT_FALSE(controller->isWorking()) << "there is nothing to undo any more";
+}
+
+TEST_F(UninstallerViewModelTests, tellsOfARemovalThatFailedInItsMidst) {
+    makeApp("Tool", id);
+    home.write(".config/" + id + ".conf", "x");
+    environment.trash = std::make_shared<FailingTrash>(environment.trash, "Tool.app");
+    reviewTool();
+    remove();
+    const std::string error =
+        "Could not move " + home.path(bundle("Tool")) + " to Trash: it is in use";
+    EXPECT_EQ(controller->banner().toStdString(), error);
+    EXPECT_EQ(home.logged("uninstaller removal failed: " + error + "\n"), 1);
+    EXPECT_TRUE(controller->showReview());
+    EXPECT_TRUE(home.has(".local/share/Trash/info/" + id + ".conf.trashinfo"));
+    EXPECT_THAT(controller->receipts(), IsEmpty());
+    EXPECT_EQ(controller->removal()->troubledCount(), 2) << "one is gone, one in use";
+    EXPECT_EQ(controller->leftovers().size(), 1U);
+    controller->removal()->closeReview();
+    settle();
+    EXPECT_THAT(controller->leftovers(), IsEmpty()) << "what is gone is not shown any longer";
+
+    environment.trash = home.trash;
+    reviewTool();
+    remove();
+    EXPECT_EQ(controller->banner(), "Removed Tool and 0 leftover item(s)");
+    makeApp("Tool", id);
+    controller->undo();
+    settle();
+    EXPECT_EQ(controller->banner(), "Restored with 1 failure(s)");
+    EXPECT_EQ(home.logged("uninstaller undo restored=0 failed=1\n"), 1);
+}
+
+TEST_F(UninstallerViewModelTests, movesNothingWhileSomethingIsInTheWay) {
+    makeApp("Tool", id);
+    home.makeLink(".config/" + id + "-dangling", "nowhere");
+    home.write(".config/" + id + ".conf", "x");
+    home.write("system/etc/xdg/" + id + ".conf", "x");
+    reviewTool();
+    EXPECT_EQ(controller->reviewItems().size(), 3U) << "what is protected is not offered";
+    EXPECT_EQ(controller->removal()->troubledCount(), 1);
+    remove();
+    EXPECT_EQ(controller->banner().toStdString(),
+              "Item no longer exists: " + home.path(".config/" + id + "-dangling"));
+    EXPECT_TRUE(home.has(".config/" + id + ".conf"));
+    controller->removal()->leaveOutTroubled();
+    controller->removal()->leaveOut(0);
+    remove();
+    EXPECT_EQ(controller->banner(), "Removed 1 leftover item(s) of Tool");
+    EXPECT_TRUE(home.has(bundle("Tool")));
+    EXPECT_TRUE(home.has("system/etc/xdg/" + id + ".conf"));
+}
+
+TEST_F(UninstallerViewModelTests, warnsOfWhatRunsAndOfWhatMayNotBeMoved) {
+    makeApp("Tool", id);
+    makeApp("Tools", id + "s");
+    home.write(".config/" + id + "s.conf");
+    std::filesystem::copy_file("/bin/sleep", home.path(bundle("Tool") + "/sleep"));
+    QProcess running;
+    running.start(QString::fromStdString(home.path(bundle("Tool") + "/sleep")), {"1000"});
+    ASSERT_TRUE(running.waitForStarted());
+    reviewTool();
+    EXPECT_EQ(controller->removal()->warningText(),
+              "Tool is running: quit it first, or it may write its files again.");
+    EXPECT_THAT(sheet("warning"), ElementsAre("", "Also matches Tools"));
+    running.kill();
+    running.waitForFinished();
+
+    const InstalledApp app = *controller->selected();
+    const std::vector<ReviewItem> items = controller->reviewItems();
+    const std::filesystem::path folder = home.path("Applications");
+    giveToOrdinaryUser(home.path(""));
+    std::filesystem::permissions(folder, std::filesystem::perms(0555));
+    const std::string text = asOrdinaryUser([&] {
+        const Removal::Warnings warnings = UninstallerReview::warnings(
+            app, {}, *home.files, home.layout.sources, items, [] { return false; });
+        return warnings.rows.count(id) > 0 ? warnings.all : "no warning of the application";
+    });
+    std::filesystem::permissions(folder, std::filesystem::perms(0755));
+    EXPECT_EQ(text, "Tool cannot be moved with your rights; its leftovers "
+                    "would go to the Trash without it.");
+}
+
+TEST_F(UninstallerViewModelTests, looksForNothingByIdentifiersThatLeadElsewhere) {
+    home.write("Documents/letter", "dear");
+    home.write(".config/a/b/c", "x");
+    const char* const identifiers[] = {"../../Documents", "../Documents", ".", "..", "a/b", "", "/",
+                                       "org\n.example"};
+    int number = 0;
+    for (const char* identifier : identifiers) {
+        home.write(bundle("App " + std::to_string(number++)) + "/Contents/Info.plist",
+                   xmlPropertyList({{"CFBundleIdentifier", identifier}}));
+    }
+    start();
+    load();
+    ASSERT_EQ(controller->apps().size(), std::size(identifiers));
+    for (const InstalledApp& app : controller->apps()) {
+        select(app.id());
+        review();
+        EXPECT_TRUE(controller->detail()->hasApp());
+        EXPECT_EQ(controller->reviewItems().size(), 1U) << app.id();
+    }
+}
+
+TEST_F(UninstallerViewModelTests, mayBeDestroyedWhateverRuns) {
+    makeApp("Tool", id);
+    makeApp("Other", "org.example.other");
+    home.write(".config/" + id + ".conf", "x");
+    for (int round = 0; round < 1000; ++round) {
+        start().load();
+        if (round % 5 == 0) {
+            controller->stopLoading();
+            controller->load();
+        } else if (round % 5 > 1) {
+            settle();
+            controller->select(controller->apps()[1]);
+        }
+        if (round % 5 == 2) {
+            controller->select(controller->apps()[0]);
+            processEvents();
+        } else if (round % 5 == 3) {
+            controller->prepareReview();
+        } else if (round % 5 == 4) {
+            controller->removeReviewed();
+        }
+        tester.reset();
+        controller.reset();
+        if (round % 5 == 4) {
+            // A move that began is carried out, whoever waits for it.
+            waitUntil([this] { return !home.has(bundle("Tool")); });
+            makeApp("Tool", id);
+        }
+    }
+    processEvents();
+    EXPECT_TRUE(home.has(bundle("Other")));
+}
+
+}
+}
