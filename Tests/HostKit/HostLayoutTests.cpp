@@ -62,54 +62,9 @@ TEST(HostLayout, ofFreedesktopHoldsItsPlaces) {
     EXPECT_EQ(layout.sources.proc.path(), "/proc");
 }
 
-/// The tools of a layout, each with its arguments between bars.
-std::vector<std::string> describedTools(const HostLayout& layout) {
-    const MaintenanceTools& maintenance = layout.maintenance;
-    std::vector<Tool> tools{layout.tools.heavyProcesses, maintenance.prompt.tool,
-                            maintenance.flushResolver, maintenance.rebuildRegistry,
-                            maintenance.purge};
-    tools.insert(tools.end(), maintenance.reindex.begin(), maintenance.reindex.end());
-    for (const SnapshotVolume& volume : {layout.snapshots.system, layout.snapshots.data}) {
-        tools.push_back({FileURL(volume.volume), {}});
-        tools.push_back(volume.list);
-        tools.push_back(volume.listPurgeable.value_or(volume.thin.value_or(Tool())));
-    }
-    std::vector<std::string> lines;
-    for (const Tool& tool : tools) {
-        lines.push_back(tool.executable.path());
-        for (const std::string& argument : tool.arguments) {
-            lines.back() += "|" + argument;
-        }
-    }
-    return lines;
-}
-
-TEST(HostLayout, namesTheToolsOfEachSystem) {
-    EXPECT_THAT(describedTools(HostLayout::darwin(FileURL("/Users/ada"))),
-                ElementsAre("/bin/ps|-axo|pid=,rss=,%cpu=,comm=|-m", "/usr/bin/osascript|-e",
-                            "/usr/bin/dscacheutil|-flushcache",
-                            "/System/Library/Frameworks/CoreServices.framework/Versions/A/"
-                            "Frameworks/LaunchServices.framework/Versions/A/Support/lsregister"
-                            "|-f|-r|-domain|local|-domain|user",
-                            "/usr/sbin/purge", "/", "/usr/bin/tmutil|listlocalsnapshots|/",
-                            "/usr/sbin/diskutil|apfs|listSnapshots|/", "/System/Volumes/Data",
-                            "/usr/bin/tmutil|listlocalsnapshots|/System/Volumes/Data",
-                            "/usr/sbin/diskutil|apfs|listSnapshots|/System/Volumes/Data"));
+TEST(HostLayout, listsWhereProgramsAreStartedByThemselves) {
     const HostLayout layout = HostLayout::freedesktop(
         FileURL("/h"), {{"XDG_CONFIG_DIRS", "/a:b:/c"}, {"XDG_CURRENT_DESKTOP", "ubuntu:GNOME"}});
-    const std::string snapper = "/usr/bin/snapper|";
-    EXPECT_THAT(describedTools(layout),
-                ElementsAre("/bin/ps|-e|-ww|-o|pid=|-o|rss=|-o|%cpu=|-o|comm=|--sort=-rss",
-                            "/usr/bin/pkexec|--disable-internal-agent",
-                            "/usr/bin/resolvectl|flush-caches",
-                            "/usr/bin/update-desktop-database|/h/.local/share/applications",
-                            "/usr/sbin/sysctl|-q|-w|vm.drop_caches=1",
-                            "/usr/bin/localsearch|reset|--filesystem",
-                            "/usr/bin/tracker3|reset|--filesystem", "/usr/bin/balooctl6|purge", "/",
-                            snapper + "--csvout|-c|root|list|--columns|number,date,cleanup",
-                            snapper + "-c|root|cleanup|all", "/home",
-                            snapper + "--csvout|-c|home|list|--columns|number,date,cleanup",
-                            snapper + "-c|home|cleanup|all"));
     std::vector<std::string> folders;
     for (const StartupFolder& folder : layout.startup.folders) {
         folders.push_back(folder.scope + " " + folder.path);

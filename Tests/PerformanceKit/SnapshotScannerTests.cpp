@@ -54,7 +54,7 @@ TEST(SnapshotScanner, runsTheToolsOfEachSystemInOrder) {
     const TemporaryHome home;
     SnapshotTools tools = SnapshotTools::darwin();
     tools.system.list.executable = tools.data.list.executable = madeUpTool(
-        home, "echo \"list $2\" >>" + home.path("order") + "; echo a.2024-03-01-101500; exit 3");
+        home, "echo \"$*\" >>" + home.path("order") + "; echo a.2024-03-01-101500; exit 3");
     tools.system.listPurgeable->executable = tools.data.listPurgeable->executable =
         madeUpTool(home,
                    "echo \"$*\" >>" + home.path("order") +
@@ -64,12 +64,14 @@ TEST(SnapshotScanner, runsTheToolsOfEachSystemInOrder) {
     EXPECT_THAT(described(found.all()),
                 ElementsAre("/-2024-03-01-101500", "/System/Volumes/Data-2024-03-01-101500*"));
     EXPECT_EQ(found.count(), 2U);
-    EXPECT_EQ(home.read("order"), "list /\nlist /System/Volumes/Data\napfs listSnapshots /\n"
-                                  "apfs listSnapshots /System/Volumes/Data\n");
+    EXPECT_EQ(
+        home.read("order"),
+        "listlocalsnapshots /\nlistlocalsnapshots /System/Volumes/Data\napfs listSnapshots /\n"
+        "apfs listSnapshots /System/Volumes/Data\n");
 
     tools = SnapshotTools::freedesktop();
     tools.system.list.executable =
-        madeUpTool(home, "echo n,d,c; echo 7,2026-11-21 05:46:58,number");
+        madeUpTool(home, "echo \"$*\" >&2; echo n,d,c; echo 7,2026-11-21 05:46:58,number");
     tools.data.list.executable =
         madeUpTool(home, "echo \"Config 'home' not found.\" >&2; exit 1", "failing");
     EXPECT_THAT(described(SnapshotScanner::scan(tools).all()), ElementsAre("/-2026-11-21-054658*"));

@@ -10,8 +10,8 @@
 
 namespace tolvane {
 
-/// What the file holds that `url` leads to, at most `limit` bytes. For files of the system itself: a
-/// pipe would be waited for.
+/// What the file holds that `url` leads to, at most `limit` bytes. For files of the system itself:
+/// a pipe would be waited for.
 Result<std::string, SystemError> readFile(const FileURL& url,
                                           std::size_t limit = std::string::npos);
 

@@ -9,24 +9,20 @@
 #include <PerformanceKit/UnitFile.h>
 
 #include <algorithm>
-#include <cmath>
 
 namespace tolvane {
 
 std::string brokenHeavyProcessesPromise(std::string_view bytes) {
-    constexpr std::size_t all = 1'000'000;
-    const std::vector<HeavyProcess> processes = ProcessSampler::parse(bytes, all);
-    for (const HeavyProcess& process : processes) {
-        if (process.name.empty() || bytes.find(process.name) == std::string_view::npos ||
-            !std::isfinite(process.cpuPercent)) {
-            return "nothing is made up";
-        }
-    }
+    const std::vector<HeavyProcess> processes = ProcessSampler::parse(bytes, bytes.size());
+    const auto isMadeUp = [&](const HeavyProcess& process) {
+        return process.name.empty() || bytes.find(process.name) == std::string_view::npos;
+    };
     const auto isHeavier = [](const HeavyProcess& a, const HeavyProcess& b) {
         return a.rssBytes > b.rssBytes;
     };
-    if (!std::is_sorted(processes.begin(), processes.end(), isHeavier)) {
-        return "the heaviest come first";
+    if (std::any_of(processes.begin(), processes.end(), isMadeUp) ||
+        !std::is_sorted(processes.begin(), processes.end(), isHeavier)) {
+        return "nothing is made up, and the heaviest come first";
     }
     const std::vector<HeavyProcess> few = ProcessSampler::parse(bytes, 2);
     return std::equal(few.begin(), few.end(), processes.begin()) ? "" : "a limit only cuts off";
@@ -34,50 +30,39 @@ std::string brokenHeavyProcessesPromise(std::string_view bytes) {
 
 std::string brokenMemoryInfoPromise(std::string_view bytes) {
     const std::int32_t level = MemoryInfo::pressureLevel(bytes);
-    if (level != 1 && level != 2 && level != 4) {
-        return "there are three levels";
+    if ((level != 1 && level != 2 && level != 4) || MemoryInfo::compressedDisk(bytes) < 0) {
+        return "there are three levels, and nothing takes less than nothing";
     }
-    const std::optional<MemoryCounters> counters = MemoryInfo::parse(bytes);
-    if (MemoryInfo::compressedDisk(bytes) < 0 ||
-        (counters && (counters->free < 0 || counters->inactive < 0 || counters->wired < 0 ||
-                      counters->swapUsed < 0 || counters->swapUsed > counters->swapTotal))) {
+    const auto of = MemoryInfo::parse(bytes);
+    if (of && (of->free < 0 || of->inactive < 0 || of->wired < 0 || of->swapUsed < 0 ||
+               of->swapUsed > of->swapTotal)) {
         return "nothing is negative";
     }
-    const auto stats = counters ? MemorySampler::stats(*counters) : std::nullopt;
+    const auto stats = of ? MemorySampler::stats(*of) : std::nullopt;
     return stats && stats->used() > stats->total ? "no more is used than there is" : "";
 }
 
 std::string brokenSnapshotsPromise(std::string_view bytes) {
-    const std::set<std::string> names = SnapshotScanner::parsePurgeableNames(bytes);
-    for (const std::string& name : names) {
-        if (bytes.find(name) == std::string_view::npos) {
-            return "no name is made up";
-        }
-    }
-    const std::vector<LocalSnapshot> snapshots = SnapshotScanner::parse(bytes, "/", names);
-    for (const LocalSnapshot& snapshot : snapshots) {
-        if (snapshot.date.size() != 17 || bytes.find(snapshot.date) == std::string_view::npos) {
-            return "no date is made up";
-        }
-    }
-    const auto isNewer = [](const LocalSnapshot& a, const LocalSnapshot& b) {
-        return a.date > b.date;
+    const auto isMadeUp = [&](std::string_view text) {
+        return bytes.find(text) == std::string_view::npos;
     };
-    return std::is_sorted(snapshots.begin(), snapshots.end(), isNewer) ? "" : "newest come first";
+    const std::set<std::string> names = SnapshotScanner::parsePurgeableNames(bytes);
+    bool isBroken = std::any_of(names.begin(), names.end(), isMadeUp);
+    std::string last(1, '~');
+    for (const LocalSnapshot& snapshot : SnapshotScanner::parse(bytes, "/", names)) {
+        isBroken = isBroken || isMadeUp(snapshot.date) || snapshot.date > last;
+        last = snapshot.date;
+    }
+    return isBroken ? "nothing is made up, and the newest come first" : "";
 }
 
 std::string brokenSnapperTablePromise(std::string_view bytes) {
     const std::string names = SnapperTable::names(bytes);
     const std::string purgeability = SnapperTable::purgeability(bytes);
     const auto rows = std::count(names.begin(), names.end(), '\n');
-    const auto snapshots =
-        SnapshotScanner::parse(names, "/", SnapshotScanner::parsePurgeableNames(purgeability));
-    if (std::ssize(snapshots) != rows) {
-        return "each row that counts is a snapshot";
-    }
-    return std::count(purgeability.begin(), purgeability.end(), '\n') == 2 * rows
-               ? ""
-               : "of each is told whether it may be deleted";
+    const bool isTold = std::count(purgeability.begin(), purgeability.end(), '\n') == 2 * rows &&
+                        std::ssize(SnapshotScanner::parse(names, "/", {})) == rows;
+    return isTold ? "" : "each row that counts is a snapshot that may be deleted or not";
 }
 
 std::string brokenUnitFilePromise(std::string_view bytes) {
