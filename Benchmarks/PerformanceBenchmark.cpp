@@ -2,10 +2,10 @@
 /// processes more than there were, and how the parts of it share in that. Goal: 30 ms.
 
 #include <HostKit/HostLayout.h>
-
 #include <PerformanceKit/MemorySampler.h>
 #include <PerformanceKit/ProcessSampler.h>
 #include <PerformanceKit/VolumeSampler.h>
+
 #include <fmt/format.h>
 #include <sys/resource.h>
 #include <sys/wait.h>

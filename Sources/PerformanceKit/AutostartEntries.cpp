@@ -1,6 +1,5 @@
 #include <HostKit/ChildProcess.h>
 #include <HostKit/DesktopEntry.h>
-
 #include <PerformanceKit/StartupFolderReader.h>
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include <HostKit/FileURL.h>
-
 #include <PerformanceKit/HeavyProcess.h>
+
 #include <boost/container_hash/hash.hpp>
 
 namespace tolvane {

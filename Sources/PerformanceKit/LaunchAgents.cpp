@@ -1,5 +1,4 @@
 #include <HostKit/PropertyList.h>
-
 #include <PerformanceKit/StartupFolderReader.h>
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include <PerformanceKit/LocalSnapshot.h>
 #include <PerformanceKit/SnapshotInventory.h>
+
 #include <boost/container_hash/hash.hpp>
 
 namespace tolvane {

@@ -2,7 +2,6 @@
 #include <HostKit/Lines.h>
 #include <HostKit/Machine.h>
 #include <HostKit/Text.h>
-
 #include <PerformanceKit/MaintenanceService.h>
 #include <PerformanceKit/SnapperTable.h>
 

@@ -3,7 +3,6 @@
 #include <HostKit/FileManager.h>
 #include <HostKit/HostLayout.h>
 #include <HostKit/Processes.h>
-
 #include <PerformanceKit/MaintenanceOutcome.h>
 
 #include <cstdint>

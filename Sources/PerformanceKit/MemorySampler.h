@@ -2,7 +2,6 @@
 
 #include <HostKit/HostLayout.h>
 #include <HostKit/Machine.h>
-
 #include <PerformanceKit/MemoryStats.h>
 
 #include <optional>

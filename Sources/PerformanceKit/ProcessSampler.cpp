@@ -2,7 +2,6 @@
 #include <HostKit/Lines.h>
 #include <HostKit/Number.h>
 #include <HostKit/Processes.h>
-
 #include <PerformanceKit/ProcessSampler.h>
 
 #include <algorithm>

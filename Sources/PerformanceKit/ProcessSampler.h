@@ -1,7 +1,6 @@
 #pragma once
 
 #include <HostKit/HostLayout.h>
-
 #include <PerformanceKit/HeavyProcess.h>
 
 #include <cstddef>

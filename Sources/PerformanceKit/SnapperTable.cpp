@@ -1,6 +1,5 @@
 #include <HostKit/Lines.h>
 #include <HostKit/Number.h>
-
 #include <PerformanceKit/SnapperTable.h>
 
 #include <algorithm>

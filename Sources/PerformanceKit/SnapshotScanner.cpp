@@ -1,7 +1,6 @@
 #include <HostKit/ChildProcess.h>
 #include <HostKit/Lines.h>
 #include <HostKit/Text.h>
-
 #include <PerformanceKit/SnapperTable.h>
 #include <PerformanceKit/SnapshotScanner.h>
 

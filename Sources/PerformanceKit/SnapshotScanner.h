@@ -1,7 +1,6 @@
 #pragma once
 
 #include <HostKit/SnapshotTools.h>
-
 #include <PerformanceKit/SnapshotInventory.h>
 
 #include <functional>

@@ -1,5 +1,4 @@
 #include <HostKit/Collation.h>
-
 #include <PerformanceKit/StartupFolderReader.h>
 #include <PerformanceKit/StartupScanner.h>
 

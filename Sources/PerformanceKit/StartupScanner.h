@@ -2,7 +2,6 @@
 
 #include <HostKit/FileManager.h>
 #include <HostKit/StartupPlaces.h>
-
 #include <PerformanceKit/StartupAgent.h>
 
 #include <functional>

@@ -1,5 +1,4 @@
 #include <HostKit/Lines.h>
-
 #include <PerformanceKit/UnitFile.h>
 
 #include <algorithm>

@@ -3,7 +3,6 @@
 #include <HostKit/FileURL.h>
 #include <HostKit/HostLayout.h>
 #include <HostKit/Machine.h>
-
 #include <PerformanceKit/VolumeStats.h>
 
 #include <optional>

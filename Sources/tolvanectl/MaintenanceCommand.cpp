@@ -2,14 +2,14 @@
 #include "Json.h"
 #include "ShownText.h"
 
-#include <Services/PurgeResult.h>
-#include <Services/ThinningTarget.h>
-
-#include <CLI/CLI.hpp>
 #include <PerformanceKit/MaintenanceService.h>
 #include <PerformanceKit/MemorySampler.h>
 #include <PerformanceKit/SnapshotScanner.h>
 #include <PerformanceKit/VolumeSampler.h>
+#include <Services/PurgeResult.h>
+#include <Services/ThinningTarget.h>
+
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>

@@ -1,12 +1,13 @@
 #include "Command.h"
 #include "PerformanceReport.h"
 
-#include <CLI/CLI.hpp>
 #include <PerformanceKit/MemorySampler.h>
 #include <PerformanceKit/ProcessSampler.h>
 #include <PerformanceKit/SnapshotScanner.h>
 #include <PerformanceKit/StartupScanner.h>
 #include <PerformanceKit/VolumeSampler.h>
+
+#include <CLI/CLI.hpp>
 
 #include <cstdint>
 #include <limits>

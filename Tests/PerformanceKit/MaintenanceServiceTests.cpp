@@ -1,8 +1,8 @@
+#include <PerformanceKit/MaintenanceService.h>
 #include <Support/ListeningProcess.h>
 #include <Support/MadeUpTool.h>
 #include <Support/OrdinaryUser.h>
 
-#include <PerformanceKit/MaintenanceService.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>

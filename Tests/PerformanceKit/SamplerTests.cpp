@@ -1,9 +1,9 @@
-#include <Support/ListeningProcess.h>
-#include <Support/MadeUpTool.h>
-
 #include <PerformanceKit/MemorySampler.h>
 #include <PerformanceKit/ProcessSampler.h>
 #include <PerformanceKit/VolumeSampler.h>
+#include <Support/ListeningProcess.h>
+#include <Support/MadeUpTool.h>
+
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include <HostKit/HostLayout.h>
-#include <Support/MadeUpTool.h>
-
 #include <PerformanceKit/SnapperTable.h>
 #include <PerformanceKit/SnapshotScanner.h>
+#include <Support/MadeUpTool.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -71,7 +71,8 @@ TEST(SnapshotScanner, runsTheToolsOfEachSystemInOrder) {
 
     tools = SnapshotTools::freedesktop();
     tools.system.list.executable =
-        madeUpTool(home, "echo \"$*\" >&2; echo n,d,c; echo 7,2026-11-21 05:46:58,number");
+        madeUpTool(home, "[ \"$*\" = '--csvout -c root list --columns number,date,cleanup' ] && "
+                         "echo 7,2026-11-21 05:46:58,number");
     tools.data.list.executable =
         madeUpTool(home, "echo \"Config 'home' not found.\" >&2; exit 1", "failing");
     EXPECT_THAT(described(SnapshotScanner::scan(tools).all()), ElementsAre("/-2026-11-21-054658*"));

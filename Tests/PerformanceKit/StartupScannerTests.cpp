@@ -1,8 +1,8 @@
 #include <HostKit/PropertyList.h>
+#include <PerformanceKit/StartupScanner.h>
 #include <Support/MadePropertyLists.h>
 #include <Support/MadeUpTool.h>
 
-#include <PerformanceKit/StartupScanner.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -59,34 +59,30 @@ TEST_F(StartupItems, areReadFromPropertyLists) {
 
 TEST_F(StartupItems, areReadFromAutostartFolders) {
     const std::string tool = madeUpTool(home, "", "bin/tool").path();
-    const auto write = [&](const std::string& name, const std::string& keys) {
-        home.write(name, "[Desktop Entry]\nExec=" + name + " %u\n" + keys);
-    };
-    write("user/a.desktop", "Name=Later\nName[de]=A\n");
-    write("user/b.desktop", "Hidden=true\n");
-    write("user/c.desktop", "X-GNOME-Autostart-enabled=false\n");
-    write("user/d.desktop", "OnlyShowIn=KDE;GNOME;\nTryExec=tool\n");
-    write("user/e.desktop", "OnlyShowIn=KDE;\n");
-    write("user/f.desktop", "NotShowIn=X;GNOME\nTryExec=" + tool);
-    write("user/g.desktop", "TryExec=missing\n");
-    write("user/h.desktop", "TryExec=" + home.path("user/h.desktop"));
-    home.write("user/i.desktop", "Exec=no group");
-    write("user/j.txt", "");
-    write("system/a.desktop", "Name=overridden\n");
-    write("system/i.desktop", "Name=overridden too\n");
-    write("system/k.desktop", "NotShowIn=\nOnlyShowIn=\nHidden=false\n");
-    home.write("system/l.desktop", "[Desktop Entry]\n");
-    EXPECT_THAT(
-        scan({.folders = {{"user", StartupFormat::autostart, "user"},
-                          {"system", StartupFormat::autostart, "system"}},
-              .desktops = {"ubuntu", "GNOME"},
-              .programFolders = {home.url("none"), home.url("bin")},
-              .locale = "de_DE.UTF-8"}),
-        ElementsAre("user! A = user/a.desktop", "user! d = user/d.desktop", "system! l = none",
-                    "user b = user/b.desktop", "user c = user/c.desktop", "user e = user/e.desktop",
-                    "user f = user/f.desktop", "user g = user/g.desktop", "user h = user/h.desktop",
-                    "system k = system/k.desktop", "system overridden = system/a.desktop",
-                    "system overridden too = system/i.desktop"));
+    for (const auto& [name, keys] : Strings{{"user/a", "Name=Later\nName[de]=A\nExec=/a %u"},
+                                            {"user/b", "Hidden=true"},
+                                            {"user/c", "X-GNOME-Autostart-enabled=false"},
+                                            {"user/d", "OnlyShowIn=KDE;GNOME;\nTryExec=tool"},
+                                            {"user/e", "OnlyShowIn=KDE;"},
+                                            {"user/f", "NotShowIn=X;GNOME\nTryExec=" + tool},
+                                            {"user/g", "TryExec=missing"},
+                                            {"user/h", "TryExec=" + home.path("user/h.desktop")},
+                                            {"user/i", "[Other]"},
+                                            {"system/a", "Name=overridden"},
+                                            {"system/i", "Name=overridden too"},
+                                            {"system/k", "NotShowIn=\nOnlyShowIn=\nHidden=false"},
+                                            {"system/l", "NotShowIn=\nHidden=false"}}) {
+        home.write(name + ".desktop", (keys == "[Other]" ? "" : "[Desktop Entry]\n") + keys);
+    }
+    EXPECT_THAT(scan({.folders = {{"user", StartupFormat::autostart, "user"},
+                                  {"system", StartupFormat::autostart, "system"}},
+                      .desktops = {"ubuntu", "GNOME"},
+                      .programFolders = {home.url("none"), home.url("bin")},
+                      .locale = "de_DE.UTF-8"}),
+                ElementsAre("user! A = /a", "user! d = none", "system! l = none", "user b = none",
+                            "user c = none", "user e = none", "user f = none", "user g = none",
+                            "user h = none", "system k = none", "system overridden = none",
+                            "system overridden too = none"));
 }
 
 TEST_F(StartupItems, areReadFromUnits) {
@@ -103,7 +99,6 @@ TEST_F(StartupItems, areReadFromUnits) {
     home.makeLink("u/masked.service", "/dev/null");
     home.makeLink("u/multi.target.wants/masked.service", home.path("u/own.service"));
     home.makeLink("u/multi.target.wants/gone.service", "nowhere");
-    write("u/own.timer", "ExecStart=/x\n");
     write("u/multi.target.wants/own.socket", "ExecStart=/x\n");
     home.write("u/empty.service", "");
     home.write("u/nul.service", std::string("[Service]\nExecStart=/x\0", 23));

@@ -47,20 +47,17 @@ TEST(ReviewItem, describesAScannedNodeWithAllBelowIt) {
 }
 
 TEST(ThinningTarget, prefersTheVolumeOfTheUsersFiles) {
-    const LocalSnapshot system{"2024-03-01-101500", "/", true};
-    const LocalSnapshot data{"2024-03-01-101500", "/data", true};
-    EXPECT_FALSE(ThinningTarget::of({}, std::nullopt));
-    EXPECT_EQ(ThinningTarget::of({{system}, {}}, std::nullopt),
-              (ThinningTarget{"/", 1'000'000'000, 4}));
-    const auto bytes = [&](Bytes available, Bytes important) {
-        const VolumeStats volume{"", 9'000'000'000, available, important, 0};
-        const auto target = ThinningTarget::of({{system}, {data}}, volume);
-        EXPECT_EQ(target.value().volume, "/data");
-        return target->bytes;
+    const std::vector<LocalSnapshot> system{{"2024-03-01-101500", "/", true}};
+    const std::vector<LocalSnapshot> data{{"2024-03-01-101500", "/data", true}};
+    const auto with = [](Bytes available, Bytes important) {
+        return VolumeStats{"", 9'000'000'000, available, important, 0};
     };
-    EXPECT_EQ(bytes(1, 5'000'000'001), 5'000'000'000);
-    EXPECT_EQ(bytes(1, 200'000'001), 1'000'000'000);
-    EXPECT_EQ(bytes(5'000'000'000, 0), 1'000'000'000);
+    using Target = ThinningTarget;
+    EXPECT_FALSE(Target::of({}, std::nullopt));
+    EXPECT_EQ(Target::of({system, {}}, std::nullopt), (Target{"/", 1'000'000'000, 4}));
+    EXPECT_EQ(Target::of({system, data}, with(1, 5'000'000'001))->bytes, 5'000'000'000);
+    EXPECT_EQ(Target::of({system, data}, with(1, 200'000'001)), (Target{"/data", 1'000'000'000}));
+    EXPECT_EQ(Target::of({system, data}, with(5'000'000'000, 0))->bytes, 1'000'000'000);
 }
 
 TEST(PurgeResult, tellsOnlyOfMemoryThatWasWon) {

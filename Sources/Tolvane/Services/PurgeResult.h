@@ -1,7 +1,6 @@
 #pragma once
 
 #include <HostKit/Checked.h>
-
 #include <PerformanceKit/MemoryStats.h>
 
 #include <optional>

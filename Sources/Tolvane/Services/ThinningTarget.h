@@ -1,7 +1,6 @@
 #pragma once
 
 #include <HostKit/Checked.h>
-
 #include <PerformanceKit/SnapshotInventory.h>
 #include <PerformanceKit/VolumeStats.h>
 

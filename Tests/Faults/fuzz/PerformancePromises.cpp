@@ -1,7 +1,6 @@
 #include "Promises.h"
 
 #include <HostKit/MemoryInfo.h>
-
 #include <PerformanceKit/MemorySampler.h>
 #include <PerformanceKit/ProcessSampler.h>
 #include <PerformanceKit/SnapperTable.h>
