@@ -5,6 +5,7 @@
 
 #include <Support/FaultyFiles.h>
 
+#include <Controllers/ShownText.h>
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -23,8 +24,8 @@ namespace {
 
 Shots allShots() {
     Shots all;
-    for (Shots (*const shots)() :
-         {spaceAnalysisShots, duplicatesShots, portsShots, brightpassShots, windowShots}) {
+    for (Shots (*const shots)() : {spaceAnalysisShots, uninstallerShots, duplicatesShots,
+                                   portsShots, brightpassShots, windowShots}) {
         std::ranges::move(shots(), std::back_inserter(all));
     }
     return all;
@@ -52,7 +53,10 @@ Harness::Setting settingOf(const Shot& shot, Harness::Scheme scheme,
             layout.access.probes = {{"shadow", FileURL("/etc/there-is-no-such-file")}};
         }
         layout.tools.lsof = layout.locations.home.appending("lsof");
-        layout.sources.proc = layout.locations.home.appending("proc");
+        const FileURL proc = layout.locations.home.appending("proc");
+        if (QDir(qurl(proc).toLocalFile()).exists()) {
+            layout.sources.proc = proc;
+        }
     };
     return setting;
 }

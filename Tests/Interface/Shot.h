@@ -36,6 +36,7 @@ Shots brightpassShots();
 Shots duplicatesShots();
 Shots portsShots();
 Shots spaceAnalysisShots();
+Shots uninstallerShots();
 /// What belongs to no module.
 Shots windowShots();
 

@@ -19,6 +19,8 @@ FocusScope {
     property bool isDescending: false
     /// A boolean role that marks rows besides the current one; empty: none.
     property string selectedRole
+    /// The role by which rows that stand together form a section, which it heads; empty: none.
+    property string sectionRole
     /// The role that tells the whole row to assistive tools.
     property string accessibleRole: "accessibleText"
     property string accessibleName
@@ -119,6 +121,8 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         reuseItems: true
+        section.property: table.sectionRole
+        section.delegate: SectionHeading {}
         interactive: false
         keyNavigationEnabled: true
         boundsBehavior: Flickable.StopAtBounds

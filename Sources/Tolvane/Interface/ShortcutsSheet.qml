@@ -7,7 +7,7 @@ Sheet {
     id: sheet
 
     readonly property var shortcuts: [
-        { keys: "Ctrl+1 to Ctrl+3", text: qsTr("Show a module") },
+        { keys: "Ctrl+1 to Ctrl+6", text: qsTr("Show a module") },
         { keys: "Ctrl+O", text: qsTr("Choose a folder") },
         { keys: "Ctrl+R, F5", text: qsTr("Scan again, or refresh") },
         { keys: "Esc", text: qsTr("Cancel, or close a sheet") },

@@ -20,6 +20,7 @@ TolvaneApp::TolvaneApp(const Host& host)
                    defaults_,   host.workspace, access_,    steadyTime}
     , chooser_(environment_)
     , spaceAnalysis_(environment_)
+    , uninstaller_(environment_)
     , duplicates_(environment_)
     , ports_(environment_)
     , brightpass_(environment_)
@@ -33,6 +34,8 @@ TolvaneApp::TolvaneApp(const Host& host)
     recordLaunch(host.version);
     modules_.reset({{"arborview", "Space Analysis", "circle.hexagongrid",
                      QUrl("qrc:/Tolvane/ContentView.qml"), &spaceAnalysis_},
+                    {"uninstaller", "Uninstaller", "trash",
+                     QUrl("qrc:/Tolvane/UninstallerScreen.qml"), &uninstaller_},
                     {"duplicates", "Duplicates", "doc.on.doc",
                      QUrl("qrc:/Tolvane/DuplicatesScreen.qml"), &duplicates_},
                     {"ports", "Ports", "network", QUrl("qrc:/Tolvane/PortsScreen.qml"), &ports_},
@@ -69,6 +72,12 @@ void TolvaneApp::followLinks() {
         showModule(spaceAnalysis_);
         spaceAnalysis_.scan(folder, "brightpass");
     });
+    connect(&brightpass_, &BrightpassViewModel::appRequested, this,
+            [this](const InstalledApp& app) {
+                showModule(uninstaller_);
+                uninstaller_.setQuery(QString());
+                uninstaller_.select(app);
+            });
     connect(&brightpass_, &BrightpassViewModel::duplicatesRequested, this,
             [this](const FileURL& folder, Bytes minimumSize) {
                 showModule(duplicates_);

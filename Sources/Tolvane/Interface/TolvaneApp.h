@@ -13,6 +13,7 @@
 #include <Controllers/PortsViewModel.h>
 #include <Controllers/RecordModel.h>
 #include <Controllers/ScanViewModel.h>
+#include <Controllers/UninstallerViewModel.h>
 #include <Controllers/UserDefaults.h>
 #include <Interface/SystemDisk.h>
 #include <QtQml/qqml.h>
@@ -55,6 +56,7 @@ class TolvaneApp : public QObject {
     AccessStatus* access() { return &access_; }
     FolderChooser* chooser() { return &chooser_; }
     ScanViewModel& spaceAnalysis() { return spaceAnalysis_; }
+    UninstallerViewModel& uninstaller() { return uninstaller_; }
     DuplicatesViewModel& duplicates() { return duplicates_; }
     PortsViewModel& ports() { return ports_; }
     BrightpassViewModel& brightpass() { return brightpass_; }
@@ -90,6 +92,7 @@ class TolvaneApp : public QObject {
     const Environment environment_;
     FolderChooser chooser_;
     ScanViewModel spaceAnalysis_;
+    UninstallerViewModel uninstaller_;
     DuplicatesViewModel duplicates_;
     PortsViewModel ports_;
     BrightpassViewModel brightpass_;

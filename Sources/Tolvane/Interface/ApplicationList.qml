@@ -1,0 +1,90 @@
+import QtQuick
+import QtQuick.Layouts
+import Tolvane
+import Tolvane.Components
+
+/// What is installed, and a search in it.
+Item {
+    id: view
+
+    required property UninstallerViewModel controller
+
+    function focusFilter(): void {
+        filter.take();
+    }
+
+    Connections {
+        target: view.controller
+
+        function onRowsUpdated(): void {
+            table.currentIndex = view.controller.rowOf(view.controller.detail.appID);
+        }
+    }
+    Connections {
+        target: view.controller.detail
+
+        function onAppIDChanged(): void {
+            table.currentIndex = view.controller.rowOf(view.controller.detail.appID);
+        }
+    }
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.pageMargin
+        spacing: Theme.spacing
+
+        ScreenFilter {
+            id: filter
+
+            Layout.maximumWidth: -1
+            placeholderText: qsTr("Search applications")
+            filterText: view.controller.query
+            onWanted: text => view.controller.setQuery(text)
+            onDone: table.forceActiveFocus(Qt.OtherFocusReason)
+        }
+        Item {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+
+            DataTable {
+                id: table
+
+                objectName: "applicationRows"
+                anchors.fill: parent
+                visible: count > 0
+                model: view.controller.rows
+                rowHeight: 52
+                rowDelegate: ApplicationRow {}
+                accessibleName: qsTr("Applications")
+                onCurrentIndexChanged: view.controller.select(view.controller.idAt(currentIndex))
+                onRowActivated: view.controller.prepareReview()
+                onContextMenuRequested: (row, x, y) => menu.openFor(view.controller.idAt(row), table, x, y)
+                Keys.onDeletePressed: view.controller.prepareReview()
+            }
+            PlainLabel {
+                objectName: "emptyText"
+                anchors.fill: parent
+                anchors.margins: Theme.spacing
+                visible: !table.visible
+                text: view.controller.emptyText
+                color: Theme.secondaryText
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
+        }
+        PlainLabel {
+            objectName: "leftOutText"
+            Layout.fillWidth: true
+            Layout.bottomMargin: Theme.wideSpacing
+            text: view.controller.leftOutText
+            color: Theme.secondaryText
+            font.pixelSize: Theme.smallText
+            wrapMode: Text.Wrap
+        }
+    }
+    ApplicationMenu {
+        id: menu
+
+        controller: view.controller
+    }
+}

@@ -1,0 +1,55 @@
+import QtQuick
+import Tolvane.Components
+
+/// One thing that an application leaves: where it lies, how sure it is its own, and what keeps it.
+TableRow {
+    id: row
+
+    readonly property bool isClaimed: model.othersText !== ""
+    /// What is to be said of it, the gravest first.
+    readonly property string remark: model.isProtected ? model.protectedText : isClaimed ? model.othersText : model.certaintyText
+    readonly property color remarkInk: isClaimed && !model.isProtected ? Theme.warningText : Theme.secondaryText
+
+    Icon {
+        id: lock
+
+        x: 16
+        anchors.verticalCenter: parent.verticalCenter
+        visible: name !== ""
+        name: row.model.isProtected ? "changes-prevent" : row.isClaimed ? "dialog-warning" : ""
+        color: row.remarkInk
+        size: 16
+    }
+    ElidedLabel {
+        id: path
+
+        anchors.left: parent.left
+        anchors.leftMargin: lock.visible ? 42 : 16
+        anchors.right: size.left
+        anchors.rightMargin: Theme.wideSpacing
+        y: 8
+        text: row.model.pathText
+        color: row.model.isProtected ? Theme.secondaryText : Theme.text
+        elide: Text.ElideMiddle
+        Accessible.ignored: true
+    }
+    FigureLabel {
+        id: size
+
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        y: 8
+        text: row.model.sizeText
+        Accessible.ignored: true
+    }
+    ElidedLabel {
+        anchors.left: path.left
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        y: 27
+        text: row.remark
+        color: row.remarkInk
+        font.pixelSize: Theme.smallText
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,117 @@
+#include "Harness.h"
+
+#include <Support/TreeState.h>
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace tolvane {
+namespace {
+
+class UninstallerTests : public testing::Test {
+  protected:
+    UninstallerTests() {
+        install("org.example.paint", "Paint");
+        home.write(".config/org.example.paint/settings", "s");
+        home.write(".local/share/org.example.paint/odd \xff\n<b>", "d");
+        home.write(".cache/org.example.paint/tiles", std::string(50'000, 't'));
+        install("org.example.stays", "Stays");
+        home.write(".config/org.example.stays/settings", "s");
+    }
+
+    void install(const std::string& id, const std::string& name) const {
+        const std::string bundle = "Applications/" + id + ".AppDir/";
+        home.write(bundle + "AppRun", "#!/bin/sh\n");
+        home.write(bundle + id + ".desktop", "[Desktop Entry]\nName=" + name + "\nExec=AppRun\n");
+    }
+
+    static UninstallerViewModel& show(Harness& harness) {
+        harness.showModule("Uninstaller");
+        UninstallerViewModel& controller = harness.app().uninstaller();
+        EXPECT_TRUE(harness.eventually([&] { return controller.stage() == Ui::Stage::Result; }));
+        return controller;
+    }
+    /// Until the chosen application has been looked at.
+    static bool awaitDetail(Harness& harness) {
+        return harness.eventually([&] {
+            const AppDetail& detail = *harness.app().uninstaller().detail();
+            return detail.hasApp() && !detail.isLoading();
+        });
+    }
+
+    /// All that was installed and left, byte for byte.
+    std::vector<TreeState> state() const {
+        std::vector<TreeState> states;
+        for (const char* const folder : {"Applications", ".config/org.example.paint", ".cache",
+                                         ".local/share/org.example.paint"}) {
+            states.push_back(treeState(home.path(folder)));
+        }
+        return states;
+    }
+
+    TemporaryHome home;
+};
+
+TEST_F(UninstallerTests, removesAnApplicationWithAllItLeavesAndPutsItBack) {
+    const std::vector<TreeState> before = state();
+    {
+        Harness harness(home);
+        UninstallerViewModel& controller = show(harness);
+        EXPECT_EQ(controller.rows()->count(), 2);
+        EXPECT_TRUE(harness.shows("Choose an application"));
+        harness.click("row0");
+        ASSERT_TRUE(awaitDetail(harness));
+        EXPECT_TRUE(harness.shows(controller.detail()->leftoversText()));
+        harness.click("uninstall");
+        ASSERT_NE(harness.find("reviewRow3"), nullptr) << "the application and three leftovers";
+        harness.press(Qt::Key_Return);
+        EXPECT_FALSE(controller.showReview()) << "the default button removes nothing";
+        EXPECT_TRUE(home.has("Applications/org.example.paint.AppDir"));
+
+        harness.click("uninstall");
+        harness.click("reviewRemove");
+        ASSERT_TRUE(harness.shows("Removed Paint and 3 leftover item(s)"));
+        ASSERT_TRUE(harness.eventually([&] { return controller.rows()->count() == 1; }));
+        for (const char* const gone :
+             {"Applications/org.example.paint.AppDir", ".config/org.example.paint",
+              ".cache/org.example.paint", ".local/share/org.example.paint"}) {
+            EXPECT_FALSE(home.has(gone)) << gone;
+        }
+        EXPECT_TRUE(home.has(".config/org.example.stays"));
+        harness.press(Qt::Key_Z, Qt::ControlModifier);
+        ASSERT_TRUE(harness.shows("Restored 4 item(s)"));
+        ASSERT_TRUE(harness.eventually([&] { return controller.rows()->count() == 2; }));
+    }
+    EXPECT_EQ(state(), before);
+}
+
+TEST_F(UninstallerTests, canBeWorkedByKeyboardAlone) {
+    Harness harness(home);
+    UninstallerViewModel& controller = show(harness);
+    harness.press(Qt::Key_F, Qt::ControlModifier);
+    harness.type("STAYS");
+    ASSERT_TRUE(harness.eventually([&] { return controller.rows()->count() == 1; }));
+    harness.press(Qt::Key_Return);
+    ASSERT_TRUE(awaitDetail(harness));
+    EXPECT_EQ(controller.detail()->name(), "Stays");
+    harness.press(Qt::Key_Delete);
+    ASSERT_TRUE(harness.tabTo("reviewRemove"));
+    harness.press(Qt::Key_Return);
+    ASSERT_TRUE(harness.shows("Removed Stays and 1 leftover item(s)"));
+    EXPECT_FALSE(home.has("Applications/org.example.stays.AppDir"));
+}
+
+TEST_F(UninstallerTests, isWhereTheCheckLeadsTo) {
+    Harness harness(home);
+    harness.showModule("Brightpass");
+    harness.click("emptyStateAction");
+    ASSERT_NE(harness.find("appsPart"), nullptr);
+    harness.click(harness.find("row0", "appsPart"));
+    ASSERT_TRUE(awaitDetail(harness));
+    EXPECT_TRUE(harness.shows("Paint"));
+    EXPECT_EQ(harness.app().uninstaller().leftovers().size(), 3U);
+}
+
+}
+}
