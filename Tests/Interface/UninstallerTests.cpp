@@ -106,7 +106,9 @@ TEST_F(UninstallerTests, isWhereTheCheckLeadsTo) {
     Harness harness(home);
     harness.showModule("Brightpass");
     harness.click("emptyStateAction");
-    ASSERT_NE(harness.find("appsPart"), nullptr);
+    ASSERT_TRUE(harness.eventually(
+        [&] { return harness.app().brightpass().shownStage() == Ui::Stage::Result; }));
+    ASSERT_NE(harness.find("row0"), nullptr);
     harness.click(harness.find("row0", "appsPart"));
     ASSERT_TRUE(awaitDetail(harness));
     EXPECT_TRUE(harness.shows("Paint"));
