@@ -1,7 +1,9 @@
 /// Prints what a search for duplicates costs beside a bare loop that reads and digests the same
 /// bytes and beside the programs of this kind that are installed, all in one run: with a warm cache
 /// CPU seconds against the loop and wall time against the others, the same with a cold cache where
-/// this process may empty it. `--large` adds the memory for a million candidates.
+/// this process may empty it. `--large` adds what a million candidates take: memory, and the
+/// longest time in which a search does not notice that it is cancelled; `--only-large` leaves out
+/// all else.
 ///
 /// Each other program is asked for the mode nearest to ours in which it removes nothing: fdupes
 /// compares by MD5 and byte by byte, rdfind by SHA-256, jdupes by a weaker digest and byte by byte.
@@ -18,8 +20,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <iterator>
+#include <string_view>
 
 namespace tolvane {
 namespace {
@@ -83,20 +87,56 @@ bool emptyCache() {
     return isDone;
 }
 
-/// What a search takes for each candidate beside the characters of its path.
-void printMemory(const std::string& title, const std::string& tree, Bytes minimumSize) {
+/// The longest time between two moments of some work.
+class LongestPause {
+  public:
+    void end() {
+        const Clock::time_point now = Clock::now();
+        longest_ = std::max(longest_, now - last_);
+        last_ = now;
+    }
+    double milliseconds() const { return Milliseconds(longest_).count(); }
+    double millisecondsSinceLast() const { return Milliseconds(Clock::now() - last_).count(); }
+
+  private:
+    using Clock = std::chrono::steady_clock;
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+
+    Clock::time_point last_ = Clock::now();
+    Clock::duration longest_{};
+};
+
+/// What a search takes for each candidate beside the characters of its path, and how long it goes
+/// without asking whether it is cancelled, until it returns.
+void printCrowd(const std::string& title, const std::string& tree, Bytes minimumSize) {
     inOwnProcess([&] {
         const long before = residentKibibytes();
-        const DuplicateScanResult result = scan(tree, minimumSize);
+        DuplicateScanner scanner({minimumSize, true, {}}, systemFileManager(HostLayout::current()));
+        LongestPause pause;
+        const DuplicateScanResult result = scanner.scan(FileURL(tree), {}, [&pause] {
+            pause.end();
+            return false;
+        });
+        const double rest = pause.millisecondsSinceLast();
         const double taken = static_cast<double>(residentKibibytes() - before) * 1024;
         const auto path = static_cast<double>(tree.size() + std::strlen("/file-123456.txt"));
-        fmt::print("{}: {} candidates, {} in groups, at most {:.0f} bytes each beside the path\n",
+        fmt::print("{}: {} candidates, {} in groups, at most {:.0f} bytes each beside the path; "
+                   "asked every {:.0f} ms or sooner, back {:.0f} ms after it asked last\n",
                    title, result.candidateFiles, result.duplicateFiles(),
-                   taken / static_cast<double>(result.candidateFiles) - path);
+                   taken / static_cast<double>(result.candidateFiles) - path, pause.milliseconds(),
+                   rest);
     });
 }
 
-void runAll(bool isLarge) {
+void runLarge() {
+    constexpr std::int64_t million = 1'000'000;
+    printCrowd("1,000,000 different files of one size", MadeTree::numbered(million), 1);
+    printCrowd("1,000,000 empty files", MadeTree::flat(million), 0);
+    printCrowd("500,000 pairs of one size", MadeTree::pairs(million, 1), 1);
+    printCrowd("500,000 pairs of 4,000 sizes", MadeTree::pairs(million, 4'000), 1);
+}
+
+void runAll() {
     const std::string tree = MadeTree::copies(40'000);
     requireSameResult(tree);
     const std::vector<Contender> contenders = all(tree);
@@ -106,16 +146,18 @@ void runAll(bool isLarge) {
     } else {
         fmt::print("cold cache: only root may empty it\n");
     }
-    if (isLarge) {
-        printMemory("1,000,000 different files of one size", MadeTree::numbered(1'000'000), 1);
-        printMemory("1,000,000 empty files", MadeTree::flat(1'000'000), 0);
-    }
 }
 
 }
 }
 
 int main(int argc, char** argv) {
-    tolvane::runAll(argc > 1 && std::strcmp(argv[1], "--large") == 0);
+    const std::string_view mode = argc > 1 ? argv[1] : "";
+    if (mode != "--only-large") {
+        tolvane::runAll();
+    }
+    if (mode == "--large" || mode == "--only-large") {
+        tolvane::runLarge();
+    }
     return 0;
 }

@@ -129,6 +129,19 @@ std::string numbered(std::int64_t files) {
     });
 }
 
+std::string pairs(std::int64_t files, std::int64_t sizes) {
+    const std::string tree = "pairs-" + std::to_string(files) + "-" + std::to_string(sizes);
+    return made(tree, [&](const fs::path& root) {
+        for (std::int64_t number = 0; number < files; ++number) {
+            // Two halves, so that no file lies beside its copy.
+            const std::int64_t source = number % (files / 2);
+            std::string content(sizeof source + static_cast<std::size_t>(source % sizes), ' ');
+            std::memcpy(content.data(), &source, sizeof source);
+            write(root / ("file-" + std::to_string(number) + ".txt"), content);
+        }
+    });
+}
+
 std::string copies(std::int64_t files) {
     return made("copies-" + std::to_string(files), [&](const fs::path& root) {
         const std::int64_t folders = std::max<std::int64_t>(files / 100, 1);

@@ -1,7 +1,9 @@
 #include <DuplicatesKit/CandidateWalk.h>
 #include <HostKit/DeepEnumerator.h>
+#include <ScanKit/ExcludedPaths.h>
 
-#include <algorithm>
+#include <optional>
+#include <string>
 #include <unordered_set>
 
 namespace tolvane {
@@ -41,26 +43,25 @@ class EnteredFolders {
     std::unordered_set<FileIdentity, IdentityHash> entered_;
 };
 
-/// The prefixes that can exclude anything below `root`: mostly none, and then no path is made only
-/// to be compared.
-std::vector<std::string> prefixesNear(const FileURL& root, const DuplicateOptions& options) {
-    std::vector<std::string> near;
-    for (const std::string& prefix : options.excludedPrefixes) {
-        if (prefix.starts_with(root.path()) || root.path().starts_with(prefix)) {
-            near.push_back(prefix);
-        }
-    }
-    return near;
-}
+/// Knows what is excluded in the folder that the walk is in.
+class Exclusions {
+  public:
+    explicit Exclusions(const std::vector<std::string>& prefixes)
+        : prefixes_(prefixes) {}
 
-bool isExcluded(const DeepEnumerator& walk, const std::vector<std::string>& prefixes) {
-    if (prefixes.empty()) {
-        return false;
+    bool contain(const DeepEnumerator& walk) {
+        if (!here_ || folder_ != walk.folder()) {
+            folder_ = walk.folder();
+            here_ = ExcludedPaths::below(FileURL(folder_), prefixes_);
+        }
+        return here_->contains(walk.name());
     }
-    const FileURL url = walk.url();
-    return std::ranges::any_of(
-        prefixes, [&](const std::string& prefix) { return liesWithin(url.path(), prefix); });
-}
+
+  private:
+    const std::vector<std::string>& prefixes_;
+    std::string folder_;
+    std::optional<ExcludedPaths> here_;
+};
 
 /// The size of a file that is worth comparing.
 std::optional<Bytes> candidateSize(const ResourceValues& values, Bytes minimumSize) {
@@ -81,7 +82,7 @@ CollectedCandidates collectCandidates(const FileManager& files, const FileURL& r
                                       const std::function<bool()>& isCancelled) {
     CollectedCandidates collected;
     EnteredFolders entered(files, root);
-    const std::vector<std::string> prefixes = prefixesNear(root, options);
+    Exclusions exclusions(options.excludedPrefixes);
     DeepEnumerator walk(files, root,
                         {.skipsHidden = options.skipsHiddenFiles,
                          .entersLinkedRoot = true,
@@ -94,7 +95,7 @@ CollectedCandidates collectCandidates(const FileManager& files, const FileURL& r
         if (isCancelled && isCancelled()) {
             break;
         }
-        if (isExcluded(walk, prefixes)) {
+        if (exclusions.contain(walk)) {
             walk.skipDescendants();
             continue;
         }

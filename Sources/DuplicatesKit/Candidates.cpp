@@ -1,14 +1,14 @@
 #include <DuplicatesKit/Candidates.h>
+#include <DuplicatesKit/Runs.h>
+#include <DuplicatesKit/SortInPieces.h>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <tuple>
+#include <utility>
 
 namespace tolvane {
 namespace {
-
-constexpr std::size_t textSize = 65536;
 
 Date numberOf(const std::optional<Date>& date) {
     return date.value_or(std::numeric_limits<Date>::quiet_NaN());
@@ -28,8 +28,8 @@ void Candidates::add(std::string_view folder, std::string_view name, Bytes size,
         enter(path);
     }
     Entry entry{};
-    const std::string_view kept = keep(name);
-    entry.name = kept.data();
+    const std::string_view kept = names_.keep(name);
+    entry.start = kept.data();
     entry.nameLength = static_cast<std::uint32_t>(kept.size()) & 0x7FFFFFFF;
     entry.hasOneName = values.linkCount == 1 ? 1 : 0;
     entry.folder = levels_.back().folder;
@@ -58,19 +58,19 @@ void Candidates::enter(std::string_view folder) {
     }
     const std::uint32_t parent = levels_.empty() ? noFolder : levels_.back().folder;
     levels_.push_back({folder.size(), static_cast<std::uint32_t>(folders_.size())});
-    folders_.push_back({keep(folder.substr(start)), parent});
+    folders_.push_back({folderTexts_.keep(folder.substr(start)), parent});
 }
 
-std::string_view Candidates::keep(std::string_view text) {
-    if (text.size() > freeText_) {
-        freeText_ = std::max(textSize, text.size());
-        texts_.push_back(std::make_unique_for_overwrite<char[]>(freeText_));
+void Candidates::keepSharingSize(const std::function<bool()>& isCancelled) {
+    if (!sortInPieces(entries_.begin(), entries_.end(), isBefore, isCancelled)) {
+        entries_.clear();
     }
-    // The newest text is filled from its end, so that what is free needs no second number.
-    freeText_ -= text.size();
-    char* const start = texts_.back().get() + freeText_;
-    std::ranges::copy(text, start);
-    return {start, text.size()};
+    // A file that has one name and was met twice is mounted a second time.
+    const auto isMetAgain = [](const Entry& a, const Entry& b) {
+        return isSameFile(a, b) && b.hasOneName != 0;
+    };
+    entries_.erase(std::unique(entries_.begin(), entries_.end(), isMetAgain), entries_.end());
+    removeSingles(entries_, [](const Entry& a, const Entry& b) { return a.size == b.size; });
 }
 
 FileURL Candidates::url(Position position) const {
@@ -81,7 +81,7 @@ FileURL Candidates::url(Position position) const {
     }
     std::string path(length, '/');
     length -= entry.nameLength;
-    path.replace(length, entry.nameLength, entry.name, entry.nameLength);
+    path.replace(length, entry.nameLength, entry.name());
     --length;
     for (std::uint32_t at = entry.folder; at != noFolder; at = folders_[at].parent) {
         const std::string_view text = folders_[at].path;
@@ -99,19 +99,48 @@ DuplicateFile Candidates::file(Position position) const {
             dateOf(entry.attributesModified)};
 }
 
-bool Candidates::isBefore(Position a, Position b) const {
-    const Entry& left = entries_[a];
-    const Entry& right = entries_[b];
-    return std::tie(left.size, left.identity, a) < std::tie(right.size, right.identity, b);
+bool Candidates::isSameFile(Position a, Position b) const {
+    return isSameFile(entries_[a], entries_[b]);
 }
 
-bool Candidates::isSameFile(Position a, Position b) const {
-    const Entry& left = entries_[a];
-    const Entry& right = entries_[b];
+bool Candidates::isBefore(const Entry& a, const Entry& b) {
+    if (a.size != b.size) {
+        return a.size > b.size;
+    }
+    if (a.identity != b.identity) {
+        return a.identity < b.identity;
+    }
+    return a.folder != b.folder ? a.folder < b.folder : a.name() < b.name();
+}
+
+bool Candidates::isSameFile(const Entry& a, const Entry& b) {
     // Some network file systems number their files anew as they please.
-    return left.identity == right.identity && left.identity != FileIdentity{} &&
-           left.size == right.size && dateOf(left.modified) == dateOf(right.modified) &&
-           dateOf(left.attributesModified) == dateOf(right.attributesModified);
+    return a.identity == b.identity && a.identity != FileIdentity{} && a.size == b.size &&
+           dateOf(a.modified) == dateOf(b.modified) &&
+           dateOf(a.attributesModified) == dateOf(b.attributesModified);
+}
+
+Candidates Candidates::arranged(const std::vector<Position>& positions) && {
+    Candidates result;
+    result.folders_ = std::move(folders_);
+    result.folderTexts_ = std::move(folderTexts_);
+    result.entries_.reserve(positions.size());
+    for (const Position position : positions) {
+        Entry entry = entries_[position];
+        entry.start = result.names_.keep(entry.name()).data();
+        result.entries_.push_back(entry);
+    }
+    return result;
+}
+
+DuplicateFile Candidates::takeLast() {
+    DuplicateFile last = file(static_cast<Position>(entries_.size() - 1));
+    entries_.pop_back();
+    names_.dropBehind(entries_.empty() ? std::string_view() : entries_.back().name());
+    if (entries_.size() <= entries_.capacity() / 2) {
+        entries_.shrink_to_fit();
+    }
+    return last;
 }
 
 }

@@ -1,19 +1,21 @@
 #pragma once
 
 #include <DuplicatesKit/DuplicateFile.h>
+#include <DuplicatesKit/TextStack.h>
 #include <HostKit/ResourceValues.h>
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace tolvane {
 
-/// The files that a walk found worth comparing, by their position in the order of the walk. There
-/// may be millions, so each takes 56 bytes and its name: paths hang on a chain of folders, and what
-/// people get to see is only made of those that turn out to be equal.
+/// The files that a walk found worth comparing. There may be millions, so each takes 56 bytes and
+/// its name: paths hang on a chain of folders, and what people get to see is only made of those
+/// that turn out to be equal, each of which then leaves this list.
 class Candidates {
   public:
     using Position = std::uint32_t;
@@ -22,15 +24,21 @@ class Candidates {
     void add(std::string_view folder, std::string_view name, Bytes size,
              const ResourceValues& values);
 
+    /// Leaves the files that share their size with another one: large files first, those of one
+    /// size in the order of the disk, so that the names of one file stand side by side. Leaves none
+    /// when it was cancelled.
+    void keepSharingSize(const std::function<bool()>& isCancelled);
+
     std::size_t count() const { return entries_.size(); }
     Bytes size(Position position) const { return entries_[position].size; }
     FileURL url(Position position) const;
     DuplicateFile file(Position position) const;
-    /// By size, the names of one file side by side, else in the order of the disk.
-    bool isBefore(Position a, Position b) const;
     bool isSameFile(Position a, Position b) const;
-    /// Whether the file has no second name, so that whoever meets it twice came by a second way.
-    bool hasOneName(Position position) const { return entries_[position].hasOneName != 0; }
+
+    /// Only the files at these positions, in this order.
+    Candidates arranged(const std::vector<Position>& positions) &&;
+    /// Gives the last file away, and its memory back.
+    DuplicateFile takeLast();
 
   private:
     struct Folder {
@@ -44,8 +52,9 @@ class Candidates {
         std::uint32_t folder;
     };
     struct Entry {
-        const char* name;
+        const char* start;
         std::uint32_t nameLength : 31;
+        /// It has no second name, so that whoever meets it twice came by a second way.
         std::uint32_t hasOneName : 1;
         std::uint32_t folder;
         Bytes size;
@@ -54,10 +63,13 @@ class Candidates {
         Date attributesModified;
         /// All zero where it is absent.
         FileIdentity identity;
+
+        std::string_view name() const { return {start, nameLength}; }
     };
 
     void enter(std::string_view folder);
-    std::string_view keep(std::string_view text);
+    static bool isBefore(const Entry& a, const Entry& b);
+    static bool isSameFile(const Entry& a, const Entry& b);
 
     static constexpr std::uint32_t noFolder = UINT32_MAX;
 
@@ -66,8 +78,8 @@ class Candidates {
     std::vector<Level> levels_;
     /// The path of the last of `levels_`.
     std::string current_;
-    std::vector<std::unique_ptr<char[]>> texts_;
-    std::size_t freeText_ = 0;
+    TextStack folderTexts_;
+    TextStack names_;
 };
 
 }

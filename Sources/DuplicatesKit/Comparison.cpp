@@ -1,7 +1,8 @@
 #include <DuplicatesKit/Comparison.h>
+#include <DuplicatesKit/SortInPieces.h>
 
 #include <algorithm>
-#include <compare>
+#include <tuple>
 
 namespace tolvane {
 namespace {
@@ -13,24 +14,36 @@ bool isSameDigest(const Comparison::Digested& a, const Comparison::Digested& b) 
     return a.reading.digest == b.reading.digest;
 }
 
+/// Never so of files of different sizes: the size is part of one kind of fingerprint, and the other
+/// is the digest of the content.
+bool isSameFingerprint(const Comparison::Digested& a, const Comparison::Digested& b) {
+    return a.reading.extent == b.reading.extent && isSameDigest(a, b);
+}
+
+/// Names of one file stay beside each other.
+bool isBefore(const Comparison::Digested& a, const Comparison::Digested& b) {
+    return std::tie(a.reading.extent, a.reading.digest, a.position) <
+           std::tie(b.reading.extent, b.reading.digest, b.position);
+}
+
 }
 
 std::vector<Comparison::Digested>
-Comparison::fingerprinted(const std::vector<Position>& positions,
-                          const std::function<void(std::int64_t)>& progress) {
+Comparison::fingerprinted(const std::function<void(std::int64_t)>& progress) {
     std::vector<Digested> result;
-    result.reserve(positions.size());
+    result.reserve(files_.count());
+    const auto positionOf = [](std::size_t index) { return static_cast<Position>(index); };
     FilesAhead ahead(manager_,
-                     {positions.size(),
+                     {files_.count(),
                       [&](std::size_t index) {
-                          return index == 0 ||
-                                 !files_.isSameFile(positions[index - 1], positions[index]);
+                          const Position position = positionOf(index);
+                          return position == 0 || !files_.isSameFile(position - 1, position);
                       },
-                      [&](std::size_t index) { return files_.url(positions[index]); },
+                      [&](std::size_t index) { return files_.url(positionOf(index)); },
                       [&](std::size_t index, ReadableFile& file) {
-                          ContentReader::prefetchFingerprint(file, files_.size(positions[index]));
+                          ContentReader::prefetchFingerprint(file, files_.size(positionOf(index)));
                       }});
-    for (std::size_t index = 0; index < positions.size(); ++index) {
+    for (std::size_t index = 0; index < files_.count(); ++index) {
         if (isStopped()) {
             return {};
         }
@@ -38,7 +51,7 @@ Comparison::fingerprinted(const std::vector<Position>& positions,
         if (progress) {
             progress(fingerprintedFiles_);
         }
-        const Position position = positions[index];
+        const Position position = positionOf(index);
         const auto reading = readOnce(ahead, index, position, [&](ReadableFile& file) {
             return std::optional(reader_.fingerprint(file, files_.size(position)));
         });
@@ -54,11 +67,8 @@ Comparison::fingerprinted(const std::vector<Position>& positions,
 }
 
 EqualFiles Comparison::confirmed(std::vector<Digested> alike) {
-    std::ranges::sort(alike, [&](const Digested& a, const Digested& b) { return isBefore(a, b); });
-    const auto belong = [&](const Digested& a, const Digested& b) {
-        return isSameFingerprint(a, b);
-    };
-    removeSingles(alike, belong);
+    sortByFingerprint(alike);
+    removeSingles(alike, isSameFingerprint);
     latest_.reset();
     FilesAhead ahead(
         manager_, {alike.size(),
@@ -71,7 +81,7 @@ EqualFiles Comparison::confirmed(std::vector<Digested> alike) {
                    [](std::size_t, ReadableFile& file) { ContentReader::prefetchContent(file); }});
     EqualFiles equal;
     for (std::size_t start = 0; start < alike.size() && !isStopped_;) {
-        const Run bucket = runAt(alike, start, alike.size(), belong);
+        const Run bucket = runAt(alike, start, alike.size(), isSameFingerprint);
         start = bucket.end;
         appendGroups(equal, alike, digested(alike, bucket, ahead));
     }
@@ -84,23 +94,19 @@ bool Comparison::isStopped() {
     return isStopped_;
 }
 
-bool Comparison::isSameFingerprint(const Digested& a, const Digested& b) const {
-    return files_.size(a.position) == files_.size(b.position) &&
-           a.reading.extent == b.reading.extent && isSameDigest(a, b);
-}
-
-/// Files of equal fingerprints side by side, names of one file beside each other among them. Large
-/// files come first: they are what is worth most should it be cancelled.
-bool Comparison::isBefore(const Digested& a, const Digested& b) const {
-    if (const Bytes size = files_.size(a.position), other = files_.size(b.position);
-        size != other) {
-        return size > other;
+/// Files of equal fingerprints side by side. Large files stay first: they are what is worth most
+/// should it be cancelled.
+void Comparison::sortByFingerprint(std::vector<Digested>& alike) {
+    const auto isOfOneSize = [&](const Digested& a, const Digested& b) {
+        return files_.size(a.position) == files_.size(b.position);
+    };
+    for (std::size_t start = 0; start < alike.size() && !isStopped_;) {
+        const Run run = runAt(alike, start, alike.size(), isOfOneSize);
+        start = run.end;
+        const auto first = alike.begin() + static_cast<std::ptrdiff_t>(run.start);
+        sortInPieces(first, first + static_cast<std::ptrdiff_t>(run.count()), isBefore,
+                     [this] { return isStopped(); });
     }
-    if (a.reading.extent != b.reading.extent) {
-        return a.reading.extent < b.reading.extent;
-    }
-    const auto order = a.reading.digest <=> b.reading.digest;
-    return std::is_eq(order) ? files_.isBefore(a.position, b.position) : std::is_lt(order);
 }
 
 /// What `read` gives of the file, or gave when it was met under another name just before. Absent
@@ -156,7 +162,7 @@ Run Comparison::digested(std::vector<Digested>& alike, Run bucket, FilesAhead& a
     return {bucket.start, kept};
 }
 
-void Comparison::appendGroups(EqualFiles& equal, std::vector<Digested>& alike, Run bucket) {
+void Comparison::appendGroups(EqualFiles& equal, std::vector<Digested>& alike, Run bucket) const {
     const auto at = [&](std::size_t index) {
         return alike.begin() + static_cast<std::ptrdiff_t>(index);
     };
@@ -169,11 +175,12 @@ void Comparison::appendGroups(EqualFiles& equal, std::vector<Digested>& alike, R
         if (run.count() < 2) {
             continue;
         }
-        const std::size_t first = equal.positions.size();
         for (std::size_t index = run.start; index < run.end; ++index) {
             equal.positions.push_back(alike[index].position);
         }
-        equal.groups.push_back({alike[run.start].reading.digest, {first, equal.positions.size()}});
+        const Digested& first = alike[run.start];
+        equal.groups.push_back({first.reading.digest, files_.size(first.position), {}});
+        equal.ends.push_back(static_cast<Position>(equal.positions.size()));
     }
 }
 

@@ -24,7 +24,8 @@ class Comparison {
         ContentReader::Reading reading;
     };
 
-    /// All are borrowed.
+    /// All are borrowed. In `files` those of one size stand side by side, and among these the names
+    /// of one file.
     Comparison(const FileManager& manager, const Candidates& files,
                const std::function<bool()>& isCancelled)
         : manager_(manager)
@@ -32,11 +33,9 @@ class Comparison {
         , isCancelled_(isCancelled)
         , reader_(isCancelled) {}
 
-    /// The fingerprints of the files that can be opened; none when it was cancelled. The names of
-    /// one file stand side by side in `positions`.
+    /// The fingerprints of the files that can be opened; none when it was cancelled.
     std::vector<Digested>
-    fingerprinted(const std::vector<Candidates::Position>& positions,
-                  const std::function<void(std::int64_t fingerprintedFiles)>& progress);
+    fingerprinted(const std::function<void(std::int64_t fingerprintedFiles)>& progress);
     /// The files of equal content among those whose fingerprints are not unique. Cancelled, it
     /// gives those that are certain by then.
     EqualFiles confirmed(std::vector<Digested> alike);
@@ -57,8 +56,7 @@ class Comparison {
     };
 
     bool isStopped();
-    bool isSameFingerprint(const Digested& a, const Digested& b) const;
-    bool isBefore(const Digested& a, const Digested& b) const;
+    void sortByFingerprint(std::vector<Digested>& alike);
     std::optional<Reading> readOnce(FilesAhead& ahead, std::size_t index,
                                     Candidates::Position position, const Read& read);
     bool isUnchanged(Candidates::Position position,
@@ -66,7 +64,7 @@ class Comparison {
     /// Remembers the file that was read last if its digest cannot be relied on.
     void noteUnlessCertain();
     Run digested(std::vector<Digested>& alike, Run bucket, FilesAhead& ahead);
-    static void appendGroups(EqualFiles& equal, std::vector<Digested>& alike, Run bucket);
+    void appendGroups(EqualFiles& equal, std::vector<Digested>& alike, Run bucket) const;
 
     const FileManager& manager_;
     const Candidates& files_;

@@ -13,7 +13,7 @@ Bytes wasted(Bytes size, std::size_t copies) {
 }
 
 std::string DuplicateGroup::id() const {
-    return hash + "-" + std::to_string(size);
+    return hash() + "-" + std::to_string(size);
 }
 
 Bytes DuplicateGroup::wastedBytes() const {

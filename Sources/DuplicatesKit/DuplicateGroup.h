@@ -1,6 +1,7 @@
 #pragma once
 
 #include <DuplicatesKit/DuplicateFile.h>
+#include <HostKit/Digest.h>
 
 #include <cstddef>
 #include <string>
@@ -10,13 +11,15 @@ namespace tolvane {
 
 /// Files of identical content.
 struct DuplicateGroup {
-    /// SHA-256 of the content, 64 lower-case hexadecimal digits.
-    std::string hash;
+    /// SHA-256 of the content.
+    Digest::Value digest{};
     /// Size of each file.
     Bytes size = 0;
     /// At least two, ascending by path.
     std::vector<DuplicateFile> files;
 
+    /// The digest as 64 lower-case hexadecimal digits.
+    std::string hash() const { return hexadecimal(digest); }
     /// The hash, "-" and the size: the same in every scan that meets this content.
     std::string id() const;
     /// What keeping one copy would free if no two of the files were names of one.

@@ -2,8 +2,6 @@
 
 #include <DuplicatesKit/Candidates.h>
 #include <DuplicatesKit/DuplicateGroup.h>
-#include <DuplicatesKit/Runs.h>
-#include <HostKit/Digest.h>
 
 #include <vector>
 
@@ -12,17 +10,16 @@ namespace tolvane {
 /// Groups of candidates before they get paths: small, because that is all there is in memory of a
 /// million files while they are compared.
 struct EqualFiles {
-    struct Group {
-        Digest::Value hash;
-        /// Part of `positions`.
-        Run run;
-    };
-
+    /// Those of one group behind those of the group before.
     std::vector<Candidates::Position> positions;
-    std::vector<Group> groups;
+    /// Still without files.
+    std::vector<DuplicateGroup> groups;
+    /// For each group, how many of the positions are its own or of one before it.
+    std::vector<Candidates::Position> ends;
 
-    /// What people get to see: largest waste first, of equal waste by path.
-    std::vector<DuplicateGroup> made(const Candidates& files) const;
+    /// What people get to see: largest waste first, of equal waste by path. Every candidate is
+    /// dropped once its file is made, so that there is never all of both.
+    std::vector<DuplicateGroup> made(Candidates candidates) &&;
 };
 
 }

@@ -90,7 +90,7 @@ void writeFile(Output& out, NodeWriter& writer, const DuplicateFile& file) {
 
 void writeGroup(Output& out, NodeWriter& writer, const DuplicateGroup& group) {
     out.format(R"({{"id":"{}","hash":"{}","size":{},"wastedBytes":{},"files":[)", group.id(),
-               group.hash, group.size, group.wastedBytes());
+               group.hash(), group.size, group.wastedBytes());
     std::string_view separator;
     for (const DuplicateFile& file : group.files) {
         out.append(separator);

@@ -115,8 +115,8 @@ TEST_F(DuplicateScan, findsWhatAnotherDigestCallsEqual) {
     std::erase_if(expected, [](const auto& entry) { return entry.second.size() < 2; });
     std::map<std::string, Names> found;
     for (const DuplicateGroup& group : scan({0, true, {}}).groups) {
-        found[group.hash] = names(group);
-        EXPECT_TRUE(std::ranges::is_sorted(found[group.hash]));
+        found[group.hash()] = names(group);
+        EXPECT_TRUE(std::ranges::is_sorted(found[group.hash()]));
     }
     for (auto& [hash, files] : expected) {
         std::ranges::sort(files);
@@ -148,6 +148,19 @@ TEST_F(DuplicateScan, ordersGroupsByWasteThenByPath) {
     EXPECT_EQ(result.groups[1].id(),
               "f9d6cd1ed5cf1ead7b54873537748e0daa8f1390cd61555b68089fca063444f3-5");
     EXPECT_EQ(result.root, home.url());
+}
+
+TEST_F(DuplicateScan, ordersManyPathsByTheirBytes) {
+    for (int number = 0; number < 200; ++number) {
+        const std::string folder = "all/" + std::string(1 + number % 5 * 7UL, 'x');
+        home.write(folder + (number % 2 == 0 ? "/" : ".d/") + std::to_string(number), "the same");
+        home.write("pairs" + folder + std::to_string(number), std::to_string(1000 + number / 2));
+    }
+    const std::vector<Names> groups = names(scan());
+    ASSERT_EQ(groups.size(), 101U);
+    EXPECT_EQ(groups[0].size(), 200U);
+    EXPECT_TRUE(std::ranges::is_sorted(groups[0]));
+    EXPECT_TRUE(std::ranges::is_sorted(groups.begin() + 1, groups.end()));
 }
 
 TEST_F(DuplicateScan, leavesOutWhatItIsToldTo) {
@@ -348,6 +361,29 @@ TEST_F(DuplicateScan, takesWhatBecameOfFilesSinceTheWalk) {
     EXPECT_THAT(names(result), ElementsAre(Names{"a", "b", left}));
     EXPECT_EQ(result.candidateFiles, 7);
     EXPECT_THAT(result.errors, IsEmpty());
+}
+
+TEST(DuplicateScanner, noticesACancellationWhileItSorts) {
+    SyntheticItem root = SyntheticItem::folder("r");
+    for (int number = 0; number < 70'000; ++number) {
+        root.children.push_back(SyntheticItem::file(std::to_string(number), 5, 5));
+    }
+    const auto files = std::make_shared<SyntheticFiles>("/r", root);
+    int asked = 0;
+    constexpr int never = 1'000'000;
+    int askedBeforeReading = never;
+    const auto scan = [&](int cancelledAt) {
+        asked = 0;
+        return DuplicateScanner({1, true, {}}, files)
+            .scan(
+                FileURL("/r"),
+                [&](std::int64_t) { askedBeforeReading = std::min(askedBeforeReading, asked); },
+                [&] { return ++asked >= std::min(cancelledAt, askedBeforeReading + 2); });
+    };
+    EXPECT_EQ(scan(never).candidateFiles, 2);
+    const DuplicateScanResult result = scan(askedBeforeReading - 2);
+    EXPECT_EQ(result.scannedFiles, 70'000) << "the walk was over";
+    EXPECT_EQ(result.candidateFiles, 0);
 }
 
 TEST(DuplicateScanner, reportsFoldersButNotEntries) {

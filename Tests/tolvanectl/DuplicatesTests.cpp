@@ -72,7 +72,7 @@ TEST_F(Duplicates, tellEveryFieldOfTheResult) {
         const json& told = document.at("groups")[at];
         EXPECT_EQ(told.size(), 5U);
         EXPECT_EQ(told.at("id"), group.id());
-        EXPECT_EQ(told.at("hash"), group.hash);
+        EXPECT_EQ(told.at("hash"), group.hash());
         EXPECT_EQ(told.at("size"), group.size);
         EXPECT_EQ(told.at("wastedBytes"), group.wastedBytes());
         ASSERT_EQ(told.at("files").size(), group.files.size());
