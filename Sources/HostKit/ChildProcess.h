@@ -52,7 +52,8 @@ struct ToolResult {
 /// thread; blocks it.
 ToolResult run(const ToolRun& run);
 
-/// Starts a program that outlives this one, in the user's own locale.
+/// Starts a program that outlives this one, in the user's own locale. One that is named without a
+/// path is looked for where the user's programs are (PATH).
 Result<void, SystemError> launchDetached(const Tool& tool);
 
 /// Whether an executable file is there.

@@ -96,6 +96,8 @@ TEST_F(ChildProcess, tellsWhyAToolWasNotStarted) {
         EXPECT_FALSE(isExecutableFile(home.url(name))) << name;
     }
     EXPECT_EQ(launchDetached({home.url("missing"), {}}).error().code, ENOENT);
+    EXPECT_EQ(launchDetached({FileURL("no such program"), {}}).error().code, ENOENT);
+    EXPECT_TRUE(launchDetached({FileURL("true"), {}})) << "found where programs are";
 }
 
 TEST_F(ChildProcess, readsAnyAmountFromBothStreamsWhileTheToolRuns) {

@@ -84,7 +84,7 @@ class Spawn {
         std::vector<std::string> words{tool.executable.path()};
         words.insert(words.end(), tool.arguments.begin(), tool.arguments.end());
         pid_t pid = 0;
-        const int error = ::posix_spawn(&pid, tool.executable.path().c_str(), &actions_,
+        const int error = ::posix_spawnp(&pid, tool.executable.path().c_str(), &actions_,
                                         &attributes_, pointersTo(words).data(), environment);
         if (error != 0) {
             return tl::unexpected(SystemError{error});

@@ -1,3 +1,5 @@
+#include <HostKit/ChildProcess.h>
+
 #include <Controllers/ShownText.h>
 #include <Interface/DesktopWorkspace.h>
 
@@ -6,8 +8,10 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
-#include <QProcess>
+#include <QFile>
 #include <QStringList>
+#include <string>
+#include <vector>
 
 namespace tolvane {
 namespace {
@@ -23,12 +27,16 @@ Desktop currentDesktop() {
     return names.contains("KDE") ? Desktop::kde : Desktop::other;
 }
 
-bool openPane(const QString& gnomePane, const QStringList& kdeArguments) {
+bool start(const std::string& program, const std::vector<std::string>& arguments) {
+    return launchDetached({FileURL(program), arguments}).has_value();
+}
+
+bool openPane(const std::string& gnomePane, const std::vector<std::string>& kdeArguments) {
     switch (currentDesktop()) {
     case Desktop::gnome:
-        return QProcess::startDetached("gnome-control-center", {gnomePane});
+        return start("gnome-control-center", {gnomePane});
     case Desktop::kde:
-        return QProcess::startDetached("systemsettings", kdeArguments);
+        return start("systemsettings", kdeArguments);
     case Desktop::other:
         break;
     }
@@ -72,7 +80,7 @@ void DesktopWorkspace::relaunch() {
     // What runs from an AppImage goes with it: its mount ends with this instance.
     const QString image = qEnvironmentVariable("APPIMAGE");
     const QString program = image.isEmpty() ? QCoreApplication::applicationFilePath() : image;
-    if (QProcess::startDetached(program, {})) {
+    if (start(QFile::encodeName(program).toStdString(), {})) {
         QCoreApplication::quit();
     }
 }
