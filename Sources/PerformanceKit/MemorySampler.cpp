@@ -3,7 +3,7 @@
 namespace tolvane {
 namespace {
 
-/// Turns counts into bytes and remembers when one of them was too large for that.
+/// Turns counts into bytes and remembers when they were too large for that.
 class Scale {
   public:
     explicit Scale(Bytes unit)
@@ -11,13 +11,16 @@ class Scale {
 
     Bytes operator()(std::int64_t count) {
         Bytes size = 0;
-        fits_ = !__builtin_mul_overflow(count, unit_, &size) && fits_;
+        fits_ = !__builtin_mul_overflow(count, unit_, &size) &&
+                !__builtin_add_overflow(total_, size, &total_) && fits_;
         return size;
     }
     bool fits() const { return fits_; }
 
   private:
     Bytes unit_;
+    /// No machine has so much that this would not fit, whatever counts twice.
+    Bytes total_ = 0;
     bool fits_ = true;
 };
 

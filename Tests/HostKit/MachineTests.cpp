@@ -83,6 +83,8 @@ TEST_F(MadeUpMachine, tellsItsMemory) {
     home.makeFolder("sys/block/zram3");
     home.write("sys/block/sda/mm_stat", "1 1 4096\n");
     EXPECT_THAT(memory(), testing::HasSubstr(" 23 0 0, "));
+    home.write("sys/block/zram4/mm_stat", "0 0 9223372036854775807\n");
+    EXPECT_EQ(memory(), "") << "more than can be";
 }
 
 TEST_F(MadeUpMachine, tellsTheLabelsOfItsVolumes) {

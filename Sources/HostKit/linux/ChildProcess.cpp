@@ -85,7 +85,7 @@ class Spawn {
         words.insert(words.end(), tool.arguments.begin(), tool.arguments.end());
         pid_t pid = 0;
         const int error = ::posix_spawnp(&pid, tool.executable.path().c_str(), &actions_,
-                                        &attributes_, pointersTo(words).data(), environment);
+                                         &attributes_, pointersTo(words).data(), environment);
         if (error != 0) {
             return tl::unexpected(SystemError{error});
         }
@@ -116,10 +116,14 @@ class Limits {
         , deadline_(run.timeout ? SteadyClock::now() + duration(*run.timeout)
                                 : SteadyClock::time_point::max()) {}
 
-    bool isReached() {
+    bool isCancelled() {
         if (run_.isCancelled && run_.isCancelled()) {
             status_ = ToolResult::cancelled;
-        } else if (SteadyClock::now() >= deadline_) {
+        }
+        return status_ == ToolResult::cancelled;
+    }
+    bool isReached() {
+        if (!isCancelled() && SteadyClock::now() >= deadline_) {
             status_ = ToolResult::timedOut;
         }
         return status_ != 0;
@@ -301,6 +305,10 @@ class Child {
 ToolResult run(const ToolRun& run) {
     Child child;
     Limits limits(run);
+    // So that nobody is asked for a password that is no longer wanted.
+    if (limits.isCancelled()) {
+        return limits.result();
+    }
     if (const Result<void, SystemError> started = child.start(run.tool); !started) {
         return {ToolResult::notStarted, "", started.error().message()};
     }

@@ -27,15 +27,18 @@ std::optional<Bytes> size(fsblkcnt_t blocks, unsigned long blockSize) {
     return bytes;
 }
 
-/// What all compressed disks take of memory.
-Bytes compressedDisks(const FileURL& sys) {
+/// What all compressed disks take of memory; absent when they claim more than can be.
+std::optional<Bytes> compressedDisks(const FileURL& sys) {
     Bytes total = 0;
     std::error_code error;
     std::filesystem::directory_iterator entry(sys.appending("block").path(), error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         if (entry->path().filename().native().starts_with("zram")) {
             const FileURL statistics = FileURL(entry->path().native()).appending("mm_stat");
-            add(total, MemoryInfo::compressedDisk(readFile(statistics).value_or("")));
+            const Bytes taken = MemoryInfo::compressedDisk(readFile(statistics).value_or(""));
+            if (__builtin_add_overflow(total, taken, &total)) {
+                return std::nullopt;
+            }
         }
     }
     return total;
@@ -73,11 +76,14 @@ Bytes residentSize(const FileURL& proc) {
 std::optional<MemoryCounters> Machine::memory(const HostLayout::Sources& sources) {
     const Result<std::string, SystemError> text = readFile(sources.proc.appending("meminfo"));
     std::optional<MemoryCounters> counters = text ? MemoryInfo::parse(*text) : std::nullopt;
-    if (counters) {
-        add(counters->compressed, compressedDisks(sources.sys) / counters->unit);
-        counters->pressureLevel = MemoryInfo::pressureLevel(
-            readFile(sources.proc.appending("pressure/memory")).value_or(""));
+    const std::optional<Bytes> disks = compressedDisks(sources.sys);
+    if (!counters || !disks ||
+        __builtin_add_overflow(counters->compressed, *disks / counters->unit,
+                               &counters->compressed)) {
+        return std::nullopt;
     }
+    counters->pressureLevel =
+        MemoryInfo::pressureLevel(readFile(sources.proc.appending("pressure/memory")).value_or(""));
     return counters;
 }
 
