@@ -1,10 +1,11 @@
 #pragma once
 
-#include <Controllers/PerformanceSampling.h>
-#include <Controllers/RecordModel.h>
 #include <PerformanceKit/LocalSnapshot.h>
 #include <PerformanceKit/MemoryStats.h>
 #include <PerformanceKit/StartupAgent.h>
+
+#include <Controllers/PerformanceSampling.h>
+#include <Controllers/RecordModel.h>
 
 #include <QString>
 #include <map>

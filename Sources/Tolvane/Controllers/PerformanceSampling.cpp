@@ -1,7 +1,8 @@
-#include <Controllers/PerformanceSampling.h>
 #include <PerformanceKit/MemorySampler.h>
 #include <PerformanceKit/ProcessSampler.h>
 #include <PerformanceKit/VolumeSampler.h>
+
+#include <Controllers/PerformanceSampling.h>
 
 #include <utility>
 

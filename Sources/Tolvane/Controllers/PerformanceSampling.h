@@ -2,7 +2,6 @@
 
 #include <HostKit/HostLayout.h>
 #include <HostKit/Processes.h>
-
 #include <PerformanceKit/HeavyProcess.h>
 #include <PerformanceKit/MemoryStats.h>
 #include <PerformanceKit/VolumeStats.h>

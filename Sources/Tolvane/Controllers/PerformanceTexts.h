@@ -1,12 +1,13 @@
 #pragma once
 
-#include <Controllers/MemoryHistory.h>
 #include <PerformanceKit/HeavyProcess.h>
 #include <PerformanceKit/LocalSnapshot.h>
 #include <PerformanceKit/MemoryStats.h>
 #include <PerformanceKit/SnapshotInventory.h>
 #include <PerformanceKit/StartupAgent.h>
 #include <PerformanceKit/VolumeStats.h>
+
+#include <Controllers/MemoryHistory.h>
 
 #include <QString>
 #include <string>

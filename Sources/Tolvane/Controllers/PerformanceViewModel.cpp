@@ -1,11 +1,11 @@
 #include <HostKit/Text.h>
+#include <PerformanceKit/SnapshotScanner.h>
+#include <PerformanceKit/StartupScanner.h>
+#include <PerformanceKit/VolumeSampler.h>
 
 #include <Controllers/PerformanceTexts.h>
 #include <Controllers/PerformanceViewModel.h>
 #include <Controllers/ShownText.h>
-#include <PerformanceKit/SnapshotScanner.h>
-#include <PerformanceKit/StartupScanner.h>
-#include <PerformanceKit/VolumeSampler.h>
 
 #include <QCoreApplication>
 #include <algorithm>

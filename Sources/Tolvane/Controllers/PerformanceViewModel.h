@@ -1,5 +1,8 @@
 #pragma once
 
+#include <PerformanceKit/MaintenanceService.h>
+#include <PerformanceKit/SnapshotInventory.h>
+#include <PerformanceKit/StartupAgent.h>
 #include <Services/Job.h>
 
 #include <Controllers/Environment.h>
@@ -8,9 +11,6 @@
 #include <Controllers/PerformanceSampling.h>
 #include <Controllers/Published.h>
 #include <Controllers/RecordModel.h>
-#include <PerformanceKit/MaintenanceService.h>
-#include <PerformanceKit/SnapshotInventory.h>
-#include <PerformanceKit/StartupAgent.h>
 
 #include <QList>
 #include <QString>

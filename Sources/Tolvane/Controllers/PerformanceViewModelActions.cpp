@@ -1,12 +1,12 @@
 // What the performance controller does for the machine and the desktop.
 
+#include <PerformanceKit/MemorySampler.h>
 #include <Services/PurgeResult.h>
 #include <Services/ThinningTarget.h>
 
 #include <Controllers/PerformanceTexts.h>
 #include <Controllers/PerformanceViewModel.h>
 #include <Controllers/ShownText.h>
-#include <PerformanceKit/MemorySampler.h>
 
 #include <utility>
 
