@@ -1,4 +1,3 @@
-#include <HostKit/PropertyList.h>
 #include <PerformanceKit/StartupScanner.h>
 #include <Support/MadePropertyLists.h>
 #include <Support/MadeUpTool.h>
@@ -31,23 +30,21 @@ class StartupItems : public ::testing::Test {
 };
 
 TEST_F(StartupItems, areReadFromPropertyLists) {
-    const auto write = [&](const std::string& name, const std::string& content) {
-        home.write(name, xmlPropertyList("<dict>" + content + "</dict>"));
-    };
-    const std::string atOnce = "<key>RunAtLoad</key><true/>";
-    write("L/com.example.agent.plist", atOnce);
-    write("L/b.plist", "<key>Label</key><string>item 10</string><key>Program</key><string>/p"
-                       "</string><key>ProgramArguments</key><array><string>/q</string></array>");
-    write("L/c.plist", "<key>Label</key><integer>1</integer><key>ProgramArguments</key><array>"
-                       "<string>/q</string><string>-x</string></array>");
-    write("L/d.plist", "<key>Label</key><string>Item 9</string><key>ProgramArguments</key><array/>"
-                       "<key>RunAtLoad</key><string>true</string>");
-    write("L/e.plist", "<key>ProgramArguments</key><array><string>/q</string><true/></array>");
-    write("L/.hidden.plist", atOnce);
-    write("L/upper.PLIST", atOnce);
+    const std::string program = "<key>Program</key><string>/p</string>";
+    const std::string list = "<key>ProgramArguments</key><array><string>/q</string>";
+    for (const auto& [name, content] : Strings{
+             {"com.example.agent.plist", "<key>RunAtLoad</key><true/>"},
+             {"b.plist", "<key>Label</key><string>item 10</string>" + program + list + "</array>"},
+             {"c.plist", "<key>Label</key><integer>1</integer>" + list + "</array>"},
+             {"d.plist", "<key>Label</key><string>Item 9</string><key>ProgramArguments</key>"
+                         "<array/><key>RunAtLoad</key><string>true</string>"},
+             {"e.plist", list + "<true/></array>"},
+             {".hidden.plist", program},
+             {"upper.PLIST", program}}) {
+        home.write("L/" + name, xmlPropertyList("<dict>" + content + "</dict>"));
+    }
     home.write("L/f.plist", "rubbish");
     home.write("L/g.plist", xmlPropertyList("<array><string>x</string></array>"));
-    home.write("L/h.plist", std::string(PropertyList::largestSize + 1, ' '));
     home.makeFolder("L/i.plist");
     home.write("D/binary.plist", binaryPropertyList({{"Label", "Zz"}, {"Program", "/z"}}));
     EXPECT_THAT(scan({.folders = {{"user", StartupFormat::propertyList, "L"},

@@ -57,11 +57,12 @@ std::string brokenSnapshotsPromise(std::string_view bytes) {
 
 std::string brokenSnapperTablePromise(std::string_view bytes) {
     const std::string names = SnapperTable::names(bytes);
-    const std::string purgeability = SnapperTable::purgeability(bytes);
+    const std::string told = SnapperTable::purgeability(bytes);
     const auto rows = std::count(names.begin(), names.end(), '\n');
-    const bool isTold = std::count(purgeability.begin(), purgeability.end(), '\n') == 2 * rows &&
-                        std::ssize(SnapshotScanner::parse(names, "/", {})) == rows;
-    return isTold ? "" : "each row that counts is a snapshot that may be deleted or not";
+    return std::count(told.begin(), told.end(), '\n') == 2 * rows &&
+                   std::ssize(SnapshotScanner::parse(names, "/", {})) == rows
+               ? ""
+               : "each row that counts is a snapshot that may be deleted or not";
 }
 
 std::string brokenUnitFilePromise(std::string_view bytes) {
