@@ -68,7 +68,7 @@ TEST_F(DuplicatesTests, movesTheCopiesThatAPersonTicksToTheTrashAndBack) {
     fillWithCopies(home);
     const TreeState before = treeState(home.path("data"));
     Harness harness(home);
-    harness.click("module1");
+    harness.click("module2");
     harness.click("minimumSize");
     harness.press(Qt::Key_A, Qt::ControlModifier);
     harness.type("1 KB");

@@ -68,7 +68,7 @@ Harness::Harness(const TemporaryHome& home, const Setting& setting)
         files = setting.files(files);
     }
     app_.emplace(
-        TolvaneApp::Host{layout_, std::move(files), systemTrash(layout_), workspace_, "1.2.3"});
+        TolvaneApp::Host{layout_, std::move(files), systemTrash(layout_), workspace_, {"1.2.3", "45"}});
     main_.emplace(*app_, appearance_);
     if (main_->window() == nullptr) {
         throw std::runtime_error("the window could not be made");

@@ -13,6 +13,7 @@
 #include <Controllers/PortsViewModel.h>
 #include <Controllers/Removal.h>
 #include <Controllers/ScanViewModel.h>
+#include <Controllers/SettingsViewModel.h>
 #include <Controllers/Ui.h>
 #include <Controllers/UninstallerViewModel.h>
 #include <QtQml/qqml.h>
@@ -110,6 +111,13 @@ struct ScanViewModelInQML {
     Q_GADGET
     QML_FOREIGN(tolvane::ScanViewModel)
     QML_NAMED_ELEMENT(ScanViewModel)
+    QML_UNCREATABLE("Made by the program's entry")
+};
+
+struct SettingsViewModelInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::SettingsViewModel)
+    QML_NAMED_ELEMENT(SettingsViewModel)
     QML_UNCREATABLE("Made by the program's entry")
 };
 

@@ -11,6 +11,14 @@ ThemedWindow {
     required property Appearance appearance
     property bool showsShortcuts: false
 
+    function showSettings(): void {
+        if (settings.item === null) {
+            settings.setSource("SettingsView.qml", { settings: root.app.settings });
+        } else {
+            (settings.item as SettingsView).requestActivate();
+        }
+    }
+
     width: 1180
     height: 760
     minimumWidth: 860
@@ -38,6 +46,7 @@ ThemedWindow {
             currentModule: root.app.currentModule
             disk: root.app.disk
             onModuleChosen: row => root.app.showModule(row)
+            onSettingsRequested: root.showSettings()
             onShortcutsRequested: root.showsShortcuts = true
         }
         StackLayout {
@@ -74,6 +83,22 @@ ThemedWindow {
         }
     }
 
+    // A window of its own, made anew each time.
+    Loader {
+        id: settings
+    }
+    Connections {
+        target: settings.item
+
+        function onClosing(): void {
+            settings.source = "";
+        }
+    }
+
+    Shortcut {
+        sequence: "Ctrl+,"
+        onActivated: root.showSettings()
+    }
     Shortcut {
         sequence: "Ctrl+Q"
         // Also while a sheet lies over the window.

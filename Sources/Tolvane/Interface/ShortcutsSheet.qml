@@ -20,6 +20,7 @@ Sheet {
         { keys: "Menu, Shift+F10", text: qsTr("Show what can be done with the item") },
         { keys: "Delete", text: qsTr("Review what is ticked, or kill a process") },
         { keys: "Ctrl+Z", text: qsTr("Undo the last removal") },
+        { keys: "Ctrl+,", text: qsTr("Settings") },
         { keys: "Ctrl+Q", text: qsTr("Quit") },
         { keys: "F1", text: qsTr("Show this") }
     ]

@@ -12,6 +12,7 @@ Rectangle {
     required property SystemDisk disk
 
     signal moduleChosen(int row)
+    signal settingsRequested()
     signal shortcutsRequested()
 
     implicitWidth: 208
@@ -75,6 +76,13 @@ Rectangle {
                 color: Theme.secondaryText
                 font.pixelSize: Theme.smallText
             }
+        }
+        SidebarButton {
+            objectName: "showSettings"
+            Layout.fillWidth: true
+            iconName: "preferences-system"
+            text: qsTr("Settings")
+            onClicked: sidebar.settingsRequested()
         }
         SidebarButton {
             objectName: "showShortcuts"

@@ -24,6 +24,7 @@ TolvaneApp::TolvaneApp(const Host& host)
     , duplicates_(environment_)
     , ports_(environment_)
     , brightpass_(environment_)
+    , settings_(environment_, host.program)
     , disk_(environment_)
     , modules_({{"title", [](const Module& module) { return module.title; }},
                 {"iconName", [](const Module& module) { return module.iconName; }},
@@ -31,7 +32,7 @@ TolvaneApp::TolvaneApp(const Host& host)
                 {"controller",
                  [](const Module& module) { return QVariant::fromValue(module.controller); }}},
                [](const Module& module) { return module.name; }) {
-    recordLaunch(host.version);
+    recordLaunch(host.program.version);
     modules_.reset({{"arborview", "Space Analysis", "circle.hexagongrid",
                      QUrl("qrc:/Tolvane/ContentView.qml"), &spaceAnalysis_},
                     {"uninstaller", "Uninstaller", "trash",

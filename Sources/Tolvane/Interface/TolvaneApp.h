@@ -13,6 +13,7 @@
 #include <Controllers/PortsViewModel.h>
 #include <Controllers/RecordModel.h>
 #include <Controllers/ScanViewModel.h>
+#include <Controllers/SettingsViewModel.h>
 #include <Controllers/UninstallerViewModel.h>
 #include <Controllers/UserDefaults.h>
 #include <Interface/SystemDisk.h>
@@ -35,6 +36,7 @@ class TolvaneApp : public QObject {
     Q_PROPERTY(tolvane::SystemDisk* disk READ disk CONSTANT)
     Q_PROPERTY(tolvane::AccessStatus* access READ access CONSTANT)
     Q_PROPERTY(tolvane::FolderChooser* chooser READ chooser CONSTANT)
+    Q_PROPERTY(tolvane::SettingsViewModel* settings READ settings CONSTANT)
 
   public:
     /// The machine that the application works on.
@@ -43,8 +45,8 @@ class TolvaneApp : public QObject {
         std::shared_ptr<const FileManager> files;
         std::shared_ptr<const Trash> trash;
         Workspace& workspace;
-        /// As the log tells it at launch; empty when it is not known.
-        std::string version;
+        /// Empty where it is not known.
+        SettingsViewModel::Program program;
     };
 
     /// Notes the launch in the log.
@@ -55,6 +57,7 @@ class TolvaneApp : public QObject {
     SystemDisk* disk() { return &disk_; }
     AccessStatus* access() { return &access_; }
     FolderChooser* chooser() { return &chooser_; }
+    SettingsViewModel* settings() { return &settings_; }
     ScanViewModel& spaceAnalysis() { return spaceAnalysis_; }
     UninstallerViewModel& uninstaller() { return uninstaller_; }
     DuplicatesViewModel& duplicates() { return duplicates_; }
@@ -96,6 +99,7 @@ class TolvaneApp : public QObject {
     DuplicatesViewModel duplicates_;
     PortsViewModel ports_;
     BrightpassViewModel brightpass_;
+    SettingsViewModel settings_;
     SystemDisk disk_;
     RecordModel<Module> modules_;
 };

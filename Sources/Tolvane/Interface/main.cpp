@@ -73,7 +73,8 @@ int showWindow(char** arguments, const std::optional<std::string>& named) {
     qInstallMessageHandler(usual);
     MainWindow::prepareApplication();
     DesktopWorkspace workspace(layout.locations);
-    TolvaneApp app({layout, files, systemTrash(layout), workspace, TOLVANE_VERSION});
+    TolvaneApp app(
+        {layout, files, systemTrash(layout), workspace, {TOLVANE_VERSION, TOLVANE_BUILD}});
     workspace.chooseWith(app.chooser());
     Appearance appearance(QGuiApplication::palette());
     MainWindow main(app, appearance);
