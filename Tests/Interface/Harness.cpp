@@ -8,6 +8,7 @@
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QMimeData>
 #include <QPalette>
 #include <QTest>
@@ -67,8 +68,8 @@ Harness::Harness(const TemporaryHome& home, const Setting& setting)
     if (setting.files) {
         files = setting.files(files);
     }
-    app_.emplace(
-        TolvaneApp::Host{layout_, std::move(files), systemTrash(layout_), workspace_, {"1.2.3", "45"}});
+    app_.emplace(TolvaneApp::Host{
+        layout_, std::move(files), systemTrash(layout_), workspace_, {"1.2.3", "45"}});
     main_.emplace(*app_, appearance_);
     if (main_->window() == nullptr) {
         throw std::runtime_error("the window could not be made");
@@ -190,7 +191,8 @@ bool Harness::eventually(const std::function<bool()>& condition) {
 
 QImage Harness::grab() {
     QTest::qWait(100);
-    return window().grabWindow();
+    auto* const front = qobject_cast<QQuickWindow*>(QGuiApplication::focusWindow());
+    return front == nullptr ? window().grabWindow() : front->grabWindow();
 }
 
 }

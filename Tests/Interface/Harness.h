@@ -66,7 +66,7 @@ class Harness {
     void scan(const FileURL& folder);
     /// Whether it came true within a generous time.
     static bool eventually(const std::function<bool()>& condition);
-    /// Lets everything be laid out and drawn.
+    /// The window in front, after everything was laid out and drawn.
     QImage grab();
 
   private:

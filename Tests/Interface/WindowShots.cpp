@@ -44,6 +44,16 @@ Shots windowShots() {
                  scene.harness.type("x");
                  scene.harness.press(Qt::Key_Return);
              }},
+        {.name = "settings",
+         .prepare =
+             [](Scene& scene) {
+                 scene.harness.press(Qt::Key_Comma, Qt::ControlModifier);
+                 QTest::qWait(600);
+             },
+         .precede =
+             [](const TemporaryHome& home) {
+                 home.write(".local/state/Logs/DiagnosticReports/Tolvane-2026-11-20-101500.crash");
+             }},
         {.name = "shortcuts",
          .prepare =
              [](Scene& scene) {

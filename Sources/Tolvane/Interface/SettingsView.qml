@@ -18,7 +18,6 @@ ThemedWindow {
     visible: true
 
     Component.onCompleted: settings.appeared()
-    onActiveChanged: if (active) settings.access.recheck()
 
     Shortcut {
         sequences: ["Esc", "Ctrl+W"]
