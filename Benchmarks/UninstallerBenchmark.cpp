@@ -113,7 +113,7 @@ void measure(const std::string& title, const HostLayout& layout,
                "  {} leftovers of one found{:>12.3f} s CPU\n"
                "  who else claims them{:>17.3f} s CPU\n",
                title, apps.size(), listing, items.size(), finding, claiming);
-    countCalls(layout, app);
+    countCalls(layout, apps.back());
 }
 
 /// Everything below a folder of this run's own, which is removed at its end.

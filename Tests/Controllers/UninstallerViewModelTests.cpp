@@ -9,9 +9,11 @@
 #include <Controllers/UninstallerReview.h>
 #include <Controllers/UninstallerViewModel.h>
 #include <gmock/gmock.h>
+#include <spawn.h>
+#include <sys/wait.h>
 
 #include <QAbstractItemModelTester>
-#include <QProcess>
+#include <csignal>
 #include <filesystem>
 
 namespace tolvane {
@@ -299,16 +301,18 @@ TEST_F(UninstallerViewModelTests, warnsOfWhatRunsAndOfWhatMayNotBeMoved) {
     makeApp("Tool", id);
     makeApp("Tools", id + "s");
     home.write(".config/" + id + "s.conf");
-    std::filesystem::copy_file("/bin/sleep", home.path(bundle("Tool") + "/sleep"));
-    QProcess running;
-    running.start(QString::fromStdString(home.path(bundle("Tool") + "/sleep")), {"1000"});
-    ASSERT_TRUE(running.waitForStarted());
+    std::string program = home.path(bundle("Tool") + "/sleep");
+    std::string seconds = "1000";
+    std::filesystem::copy_file("/bin/sleep", program);
+    char* const arguments[] = {program.data(), seconds.data(), nullptr};
+    pid_t running = 0;
+    ASSERT_EQ(::posix_spawn(&running, program.c_str(), nullptr, nullptr, arguments, nullptr), 0);
     reviewTool();
     EXPECT_EQ(controller->removal()->warningText(),
               "Tool is running: quit it first, or it may write its files again.");
     EXPECT_THAT(sheet("warning"), ElementsAre("", "Also matches Tools"));
-    running.kill();
-    running.waitForFinished();
+    ::kill(running, SIGKILL);
+    ::waitpid(running, nullptr, 0);
 
     const InstalledApp app = *controller->selected();
     const std::vector<ReviewItem> items = controller->reviewItems();

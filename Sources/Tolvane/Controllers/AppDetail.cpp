@@ -18,7 +18,10 @@ AppDetail::AppDetail(const Environment& environment, std::function<void()> onFou
     , job_(
           environment.workers, 0, {},
           [this](UninstallerScan::Detail found) { apply(std::move(found)); },
-          [this](const std::string&) { isLoading_ = false; }) {}
+          [this](const std::string& reason) {
+              isLoading_ = false;
+              emptyText_ = QStringLiteral("The search for leftovers failed: ") + shownText(reason);
+          }) {}
 
 std::vector<LeftoverItem> AppDetail::removableLeftovers() const {
     std::vector<LeftoverItem> items;

@@ -56,6 +56,10 @@ QString idOf(const InstalledApp& app) {
     return QString::fromLatin1(app.bundleID);
 }
 
+std::string identifier(const QString& id) {
+    return id.toLatin1().toStdString();
+}
+
 QString iconKey(const std::optional<FileURL>& file) {
     return file ? QString::fromLatin1(QByteArray::fromStdString(file->path()).toBase64(encoding))
                 : QString();

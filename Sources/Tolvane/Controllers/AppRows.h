@@ -49,6 +49,8 @@ std::vector<RecordModel<AppRow>::Role> roles();
 
 /// The application's identifier, whose bytes need not be text, as QML names the application.
 QString idOf(const InstalledApp& app);
+/// The way back.
+std::string identifier(const QString& id);
 
 /// What the window draws an icon by: the path of its file in letters and digits. Empty: none.
 QString iconKey(const std::optional<FileURL>& file);

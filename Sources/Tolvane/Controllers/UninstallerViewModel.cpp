@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 
 namespace tolvane {
@@ -14,6 +16,29 @@ namespace {
 
 constexpr Seconds reportInterval = 0.1;
 constexpr QLatin1StringView autoSelectKey("autoSelectFirstApp");
+
+/// The row of the application that QML names so; -1 when there is none.
+int rowOfApp(const std::vector<AppRow>& rows, const QString& id) {
+    const std::string wanted = AppRows::identifier(id);
+    const auto found = std::find_if(rows.begin(), rows.end(), [&wanted](const AppRow& row) {
+        return row.app().id() == wanted;
+    });
+    return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+}
+
+/// Icons and sizes stay until they are known anew.
+void takeOver(std::vector<AppRow>& rows, const std::vector<AppRow>& before) {
+    std::unordered_map<std::string_view, const AppRow*> known;
+    for (const AppRow& row : before) {
+        known.emplace(row.app().id(), &row);
+    }
+    for (AppRow& row : rows) {
+        if (const auto found = known.find(row.app().id()); found != known.end()) {
+            row.iconKey = found->second->iconKey;
+            row.size = found->second->size;
+        }
+    }
+}
 
 std::vector<InstalledApp> appsOf(const std::vector<AppRow>& rows) {
     std::vector<InstalledApp> apps;
@@ -96,12 +121,7 @@ void UninstallerViewModel::refresh() {
 }
 
 void UninstallerViewModel::apply(UninstallerScan::Inventory inventory) {
-    for (AppRow& row : inventory.rows) {
-        if (const AppRow* before = find(AppRows::idOf(row.app()))) {
-            row.iconKey = before->iconKey;
-            row.size = before->size;
-        }
-    }
+    takeOver(inventory.rows, apps_);
     apps_ = std::move(inventory.rows);
     installed_ = std::move(inventory.installed);
     hasLoaded_ = true;
@@ -173,18 +193,12 @@ QString UninstallerViewModel::idAt(int row) const {
 }
 
 int UninstallerViewModel::rowOf(const QString& id) const {
-    const std::vector<AppRow>& rows = rows_.records();
-    const auto found = std::find_if(rows.begin(), rows.end(), [&](const AppRow& row) {
-        return AppRows::idOf(row.app()) == id;
-    });
-    return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+    return rowOfApp(rows_.records(), id);
 }
 
 const AppRow* UninstallerViewModel::find(const QString& id) const {
-    const auto found = std::find_if(apps_.begin(), apps_.end(), [&](const AppRow& row) {
-        return AppRows::idOf(row.app()) == id;
-    });
-    return found == apps_.end() ? nullptr : &*found;
+    const int row = rowOfApp(apps_, id);
+    return row < 0 ? nullptr : &apps_[static_cast<std::size_t>(row)];
 }
 
 Activity::State UninstallerViewModel::activityState() const {
@@ -222,10 +236,8 @@ void UninstallerViewModel::clearSelection() {
 
 void UninstallerViewModel::detailFound() {
     const InstalledApp& app = *selected();
-    const auto row = std::find_if(apps_.begin(), apps_.end(),
-                                  [&](const AppRow& each) { return each.app().id() == app.id(); });
-    if (row != apps_.end()) {
-        row->size = appSize();
+    if (const int row = rowOfApp(apps_, detail_.appID()); row >= 0) {
+        apps_[static_cast<std::size_t>(row)].size = appSize();
         showRows();
     }
     log(fmt::format("uninstaller detail app={} size={} leftovers={}", app.bundleID, appSize(),

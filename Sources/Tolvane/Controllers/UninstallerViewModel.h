@@ -152,9 +152,10 @@ class UninstallerViewModel : public QObject {
     bool isUpdating_ = false;
     std::int64_t readBundles_ = 0;
     Date loadStartedAt_ = 0;
-    /// A removal failed in its midst, so the detail may show what is gone.
+    /// A removal failed, maybe in its midst, so the detail may show what is gone.
     bool isDetailStale_ = false;
-    /// Whether the running removal takes the application too.
+    /// What the running removal takes: this application's leftovers, or it too.
+    InstalledApp removing_;
     bool removesApp_ = false;
     RecordModel<AppRow> rows_;
     AppDetail detail_;

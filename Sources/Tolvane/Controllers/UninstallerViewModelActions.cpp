@@ -66,19 +66,18 @@ void UninstallerViewModel::removeReviewed() {
         return;
     }
     const std::vector<ReviewItem> items = showReview() ? reviewItems() : itemsToReview();
+    removing_ = *selected();
     removesApp_ = std::any_of(items.begin(), items.end(), [this](const ReviewItem& item) {
-        return UninstallerReview::isApp(item, *selected());
+        return UninstallerReview::isApp(item, removing_);
     });
     isDetailStale_ = false;
-    removal_.remove(
-        UninstallerReview::steps(items, *selected(), environment_.layout.locations.home));
+    removal_.remove(UninstallerReview::steps(items, removing_, environment_.layout.locations.home));
 }
 
 void UninstallerViewModel::removed(const std::vector<RemovalReceipt>& receipts) {
-    const InstalledApp app = *selected();
-    banner_ = removesApp_ ? UninstallerTexts::removed(app.name, receipts.size() - 1)
-                          : UninstallerTexts::removedLeftovers(app.name, receipts.size());
-    log(fmt::format("uninstaller removed app={} receipts={}", app.bundleID, receipts.size()));
+    banner_ = removesApp_ ? UninstallerTexts::removed(removing_.name, receipts.size() - 1)
+                          : UninstallerTexts::removedLeftovers(removing_.name, receipts.size());
+    log(fmt::format("uninstaller removed app={} receipts={}", removing_.bundleID, receipts.size()));
     clearSelection();
     startLoad();
 }
@@ -86,10 +85,10 @@ void UninstallerViewModel::removed(const std::vector<RemovalReceipt>& receipts) 
 void UninstallerViewModel::removalFailed(const RemovalError& error) {
     banner_ = shownText(error.description());
     log("uninstaller removal failed: " + error.description());
-    isDetailStale_ = error.kind == RemovalError::Case::trashFailed;
+    isDetailStale_ = true;
 }
 
-/// After a removal that failed in its midst the detail would go on showing what is gone.
+/// After a removal that failed the detail would go on showing what is gone.
 void UninstallerViewModel::reviewClosed() {
     if (!showReview() && isDetailStale_ && selected()) {
         select(*selected());
