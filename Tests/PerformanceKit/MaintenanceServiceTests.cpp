@@ -128,7 +128,7 @@ TEST_F(Maintenance, namesLocalSnapshots) {
     const auto names = [](const HostLayout& layout) {
         return MaintenanceService(layout, systemFileManager(layout)).localSnapshots();
     };
-    const std::string lines = "printf 'x\\n\\n com.apple.TimeMachine.b\\ncom.apple.TimeMachine'; ";
+    const std::string lines = R"(printf 'x\n\n com.apple.TimeMachine.b\ncom.apple.TimeMachine'; )";
     EXPECT_THAT(names(darwin(lines)),
                 ElementsAre(" com.apple.TimeMachine.b", "com.apple.TimeMachine"));
     EXPECT_THAT(names(darwin(lines + "exit 1")), ElementsAre());
