@@ -32,11 +32,9 @@ std::map<std::string, Place> places(const StartupFolderReader& reader) {
     return found;
 }
 
-/// Absent when the unit is masked, cannot be read or is none.
+/// Absent when the unit cannot be read or is none; a masked one is a link to /dev/null, which is no
+/// regular file.
 std::optional<UnitFile> readUnit(const FileManager& files, const FileURL& url) {
-    if (files.resolvingLinks(url).path() == "/dev/null") {
-        return std::nullopt;
-    }
     // One more byte, so that a file that is too large does not pass as its beginning.
     const auto text = files.read(url, UnitFile::largestSize + 1);
     return text ? UnitFile::parse(*text) : std::nullopt;

@@ -65,6 +65,11 @@ TEST(ProcessSampler, readsWhatPsPrints) {
                        "\t10 10 99.9 h\r\n-1 20 -0.5 i\n11 99\t2 0.0 j\n12 1 0 k\n"),
                 ElementsAre("-1 20480 -0.5 i", "1 10240 0 a", "10 10240 99.9 h"))
         << "equally heavy ones keep their order, and no more than three are wanted";
+    std::string equal;
+    for (int pid = 1; pid <= 40; ++pid) {
+        equal += fmt::format("{} 1 0.0 a\n", pid);
+    }
+    EXPECT_THAT(parsed(equal), ElementsAre("1 1024 0 a", "2 1024 0 a", "3 1024 0 a"));
     EXPECT_THAT(parsed("12 1 0 \0k"s), ElementsAre("12 1024 0 \0k"s));
     EXPECT_THAT(ProcessSampler::parse("1 1 1 a", 0), IsEmpty());
     const std::string longLine(10'000'000, '9');
