@@ -1,10 +1,20 @@
 #include <HostKit/DeepEnumerator.h>
 
-#include <strings.h>
-
 #include <algorithm>
 
 namespace tolvane {
+namespace {
+
+char smallLetter(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+/// As file names are compared everywhere: the user's language has no part in it.
+bool isSameButForCase(std::string_view a, std::string_view b) {
+    return std::ranges::equal(a, b, {}, smallLetter, smallLetter);
+}
+
+}
 
 DeepEnumerator::DeepEnumerator(const FileManager& files, const FileURL& root, Options options,
                                ErrorHandler onError)
@@ -98,9 +108,9 @@ Listing DeepEnumerator::listing() const {
 
 bool DeepEnumerator::isOpaque(std::string_view name) const {
     const FileURL url{std::string(name)};
-    const std::string extension(url.pathExtension());
+    const std::string_view extension = url.pathExtension();
     return std::ranges::any_of(options_.opaqueExtensions, [&](const std::string& opaque) {
-        return ::strcasecmp(opaque.c_str(), extension.c_str()) == 0;
+        return isSameButForCase(opaque, extension);
     });
 }
 

@@ -1,4 +1,5 @@
 #include <HostKit/DesktopEntry.h>
+#include <HostKit/Lines.h>
 
 #include <algorithm>
 #include <utility>
@@ -8,23 +9,6 @@ namespace tolvane {
 namespace {
 
 constexpr std::string_view blanks = " \t";
-
-std::string_view trimmed(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    text.remove_suffix(text.size() - (text.find_last_not_of(blanks) + 1));
-    return text;
-}
-
-/// Takes the first line off `rest`, without its end; some write "\r\n".
-std::string_view takeLine(std::string_view& rest) {
-    const std::size_t end = std::min(rest.find('\n'), rest.size());
-    std::string_view line = rest.substr(0, end);
-    rest.remove_prefix(std::min(end + 1, rest.size()));
-    if (line.ends_with('\r')) {
-        line.remove_suffix(1);
-    }
-    return line;
-}
 
 char escaped(char letter) {
     switch (letter) {

@@ -1,3 +1,4 @@
+#include <HostKit/Lines.h>
 #include <HostKit/TrashInfo.h>
 
 #include <cmath>
@@ -63,13 +64,6 @@ std::optional<std::string> percentDecoded(std::string_view text) {
         position += 2;
     }
     return bytes;
-}
-
-std::string_view takeLine(std::string_view& text) {
-    const std::size_t end = text.find('\n');
-    const std::string_view line = text.substr(0, end);
-    text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
-    return line;
 }
 
 bool isContinuation(char character) {

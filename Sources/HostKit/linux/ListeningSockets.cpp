@@ -1,3 +1,4 @@
+#include <HostKit/Lines.h>
 #include <HostKit/ListeningSockets.h>
 #include <HostKit/linux/Contents.h>
 #include <HostKit/linux/LongPath.h>
@@ -142,14 +143,6 @@ std::optional<std::string> addressIn(std::string_view field) {
                        static_cast<std::uint16_t>(*port));
 }
 
-/// Takes the first word off the line.
-std::string_view takeWord(std::string_view& line) {
-    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
-    const std::string_view word = line.substr(0, line.find(' '));
-    line.remove_prefix(word.size());
-    return word;
-}
-
 }
 
 std::vector<std::string> addresses(const HostLayout::Sources& sources) {
@@ -166,11 +159,9 @@ std::vector<std::string> addresses(const HostLayout::Sources& sources) {
 std::vector<std::string> parse(std::string_view table) {
     constexpr std::string_view listening = "0A";
     std::vector<std::string> found;
-    table.remove_prefix(std::min(table.find('\n'), table.size()));
+    takeLine(table);
     while (!table.empty()) {
-        table.remove_prefix(1);
-        std::string_view line = table.substr(0, table.find('\n'));
-        table.remove_prefix(line.size());
+        std::string_view line = takeLine(table);
         takeWord(line);
         const std::string_view local = takeWord(line);
         takeWord(line);
