@@ -70,7 +70,8 @@ PortKillerService::PortKillerService(const HostLayout::Tools& tools,
 Result<void, PortKillError>
 PortKillerService::kill(const PortListener& listener, PortKillSignal signal, bool includeChildren,
                         std::int32_t currentPID, std::optional<StartTime> startTime,
-                        const std::function<bool()>& isCancelled) const {
+                        const std::function<bool()>& isCancelled,
+                        const std::function<void(std::int32_t)>& onSignalled) const {
     // Before the tree is: everything descends from the first process.
     if (listener.pid < firstOrdinary) {
         return tl::unexpected(PortKillError::protectedProcess(listener.pid));
@@ -87,6 +88,9 @@ PortKillerService::kill(const PortListener& listener, PortKillSignal signal, boo
     for (const std::int32_t pid : targets) {
         if (Result<void, PortKillError> sent = signalOne(pid, signal, currentPID); !sent) {
             return sent;
+        }
+        if (onSignalled) {
+            onSignalled(pid);
         }
     }
     return {};

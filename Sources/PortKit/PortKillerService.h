@@ -24,12 +24,13 @@ class PortKillerService {
     /// first failure ends it: what has been signalled stays so. Processes below 2 and `currentPID`,
     /// which is this process, are never signalled, nor anything below a root that is one of the
     /// first. `startTime` is when the process started that was listed: when another has its number
-    /// by now, or none, nothing is signalled either; absent, whoever has it is meant. Blocks while
-    /// the processes are listed.
-    Result<void, PortKillError> kill(const PortListener& listener, PortKillSignal signal,
-                                     bool includeChildren, std::int32_t currentPID,
-                                     std::optional<StartTime> startTime = std::nullopt,
-                                     const std::function<bool()>& isCancelled = {}) const;
+    /// by now, or none, nothing is signalled either; absent, whoever has it is meant. `onSignalled`
+    /// hears of every process that was. Blocks while the processes are listed.
+    Result<void, PortKillError>
+    kill(const PortListener& listener, PortKillSignal signal, bool includeChildren,
+         std::int32_t currentPID, std::optional<StartTime> startTime = std::nullopt,
+         const std::function<bool()>& isCancelled = {},
+         const std::function<void(std::int32_t pid)>& onSignalled = {}) const;
 
     /// `root` and all its descendants as they are to be signalled: children before their parents,
     /// `root` last. Just `root` when the processes cannot be listed.

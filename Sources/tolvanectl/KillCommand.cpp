@@ -127,13 +127,11 @@ class KillCommand : public Command {
                 report.errors.push_back(PortKillError::processGone(listener.pid).description());
                 continue;
             }
-            const std::vector<std::int32_t> tree =
-                includesChildren_ ? killer.processTree(listener.pid) : std::vector<std::int32_t>();
             const Result<void, PortKillError> sent =
-                killer.kill(listener, signalToSend(), includesChildren_, ::getpid(), startTime);
+                killer.kill(listener, signalToSend(), includesChildren_, ::getpid(), startTime, {},
+                            [&reached](std::int32_t pid) { reached.insert(pid); });
             if (sent) {
                 report.signalled.push_back(listener);
-                reached.insert(tree.begin(), tree.end());
             } else {
                 report.errors.push_back(sent.error().description());
             }
