@@ -83,8 +83,9 @@ class PortsCommand : public Command {
         console.out().append(look.listeners.empty() ? "Nothing to show.\n"
                                                     : table(look.listeners).text());
         if (look.unseen > 0) {
-            console.out().format("{}\n",
-                                 console.styled(Style::faint, PortTexts::notShown(look.unseen)));
+            console.out().format(
+                "{}\n",
+                console.styled(Style::faint, PortTexts::notShown(look.unseen, Processes::sight())));
         }
         if (watches_) {
             console.out().format("{}\n", console.styled(Style::faint, "Refreshing every 4.5 s."));

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace tolvane {
 namespace {
 
@@ -36,9 +38,15 @@ TEST(PortsFilter, findsAPartOfWhatIsShown) {
 }
 
 TEST(PortTexts, tellWhatIsUnseen) {
-    EXPECT_EQ(PortTexts::notShown(0), "");
-    EXPECT_TRUE(PortTexts::notShown(1).starts_with("1 more listening socket belongs to other"));
-    EXPECT_TRUE(PortTexts::notShown(2000).starts_with("2,000 more listening sockets belong to"));
+    using Sight = Processes::Sight;
+    const std::map<std::string, std::string> table{
+        {PortTexts::notShown(0, Sight::own), ""},
+        {PortTexts::notShown(1, Sight::own), "1 more listening socket belongs to other users"},
+        {PortTexts::notShown(2000, Sight::own), "2,000 more listening sockets belong to other"},
+        {PortTexts::notShown(2, Sight::all), "2 more listening sockets belong to the system"}};
+    for (const auto& [text, start] : table) {
+        EXPECT_TRUE(text.starts_with(start)) << text;
+    }
 }
 
 }

@@ -73,6 +73,10 @@ std::optional<StartTime> Processes::startTime(std::int32_t pid) const {
     return stat ? wholeNumber<StartTime>(fieldOf(*stat, startTimeField)) : std::nullopt;
 }
 
+Processes::Sight Processes::sight() {
+    return ::geteuid() == 0 ? Sight::all : Sight::own;
+}
+
 Result<void, SystemError> Processes::signal(std::int32_t pid, int number) {
     if (pid < 1) {
         return tl::unexpected(SystemError{EINVAL});

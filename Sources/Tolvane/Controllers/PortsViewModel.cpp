@@ -157,7 +157,7 @@ void PortsViewModel::apply(PortsScan::Outcome outcome) {
     }
     listeners_ = std::move(outcome->listeners);
     startTimes_ = std::move(outcome->startTimes);
-    unseenText_ = shownText(PortTexts::notShown(outcome->unseenSockets));
+    unseenText_ = shownText(PortTexts::notShown(outcome->unseenSockets, Processes::sight()));
     hasResult_ = true;
     isScanning_ = false;
     if (!selected()) {

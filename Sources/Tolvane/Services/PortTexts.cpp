@@ -22,13 +22,15 @@ std::string sent(const PortListener& listener, PortKillSignal signal) {
     return "Sent " + std::string(name(signal)) + " to " + process(listener);
 }
 
-std::string notShown(std::size_t count) {
+std::string notShown(std::size_t count, Processes::Sight sight) {
     if (count == 0) {
         return "";
     }
     return CountFormat::counted(static_cast<std::int64_t>(count), "more listening socket") +
            (count == 1 ? " belongs" : " belong") +
-           " to other users or to the system, whose processes you may not look into.";
+           (sight == Processes::Sight::all
+                ? " to the system itself or to processes that it keeps apart."
+                : " to other users or to the system, whose processes you may not look into.");
 }
 
 }

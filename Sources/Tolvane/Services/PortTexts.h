@@ -1,5 +1,6 @@
 #pragma once
 
+#include <HostKit/Processes.h>
 #include <PortKit/PortKillSignal.h>
 #include <PortKit/PortListener.h>
 
@@ -21,6 +22,6 @@ std::string listening(const PortListener& listener);
 std::string sent(const PortListener& listener, PortKillSignal signal);
 
 /// How many listening sockets are not shown, and why; empty for none.
-std::string notShown(std::size_t count);
+std::string notShown(std::size_t count, Processes::Sight sight);
 
 }
