@@ -8,8 +8,21 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <cmath>
+
 namespace tolvane {
 namespace {
+
+/// How far a search has come that has compared so many files in so many seconds.
+std::string factsOf(std::int64_t compared, Seconds seconds) {
+    if (compared == 0) {
+        return "Looking for files";
+    }
+    const double rate = static_cast<double>(compared) / std::max(seconds, 0.1);
+    return CountFormat::counted(compared, "file") + " of equal size  " +
+           CountFormat::grouped(std::llround(rate)) + "/s";
+}
 
 class DuplicatesCommand : public Command {
   public:
@@ -71,19 +84,23 @@ class DuplicatesCommand : public Command {
     static DuplicatesReport scan(Console& console, const Host& host, const FileURL& root,
                                  const DuplicateOptions& options) {
         const Date start = steadyTime();
+        Date comparisonStart = start;
         std::int64_t compared = 0;
         const auto isCancelled = [&] {
             if (console.progress().isDue()) {
-                const std::string facts =
-                    compared == 0 ? "Looking for files"
-                                  : CountFormat::counted(compared, "file") + " of equal size";
-                console.progress().show(facts, root.path());
+                console.progress().show(factsOf(compared, steadyTime() - comparisonStart),
+                                        root.path());
             }
             return console.isCancelled();
         };
         DuplicateScanner scanner(options, host.files);
         DuplicateScanResult result = scanner.scan(
-            root, [&](std::int64_t count) { compared = count; }, isCancelled);
+            root,
+            [&](std::int64_t count) {
+                comparisonStart = count == 1 ? steadyTime() : comparisonStart;
+                compared = count;
+            },
+            isCancelled);
         console.progress().clear();
         return {std::move(result), scanner.lastUncertain(), options, steadyTime() - start,
                 console.isCancelled()};
