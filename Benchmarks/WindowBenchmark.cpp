@@ -1,6 +1,6 @@
 // What a person waits for in the window, drawn by the software renderer without a screen. Every
 // figure stands beside its limit. "busy" is the time the main thread computed at a stretch, "wall"
-// what passed meanwhile, which other programs lengthen.
+// what passed meanwhile, which other programs lengthen. An argument chooses one part.
 
 #include "Harness.h"
 
@@ -20,7 +20,9 @@
 #include <QtQml/QQmlEngineExtensionPlugin>
 #include <algorithm>
 #include <ctime>
+#include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 Q_IMPORT_QML_PLUGIN(TolvanePlugin)
@@ -338,6 +340,13 @@ void searchApplications() {
            16);
 }
 
+void refreshPorts() {
+    for (const Ui::PortKey key : {Ui::PortKey::Port, Ui::PortKey::Process}) {
+        refreshPorts(key, false);
+        refreshPorts(key, true);
+    }
+}
+
 constexpr std::string_view firstFrame = "first-frame";
 
 /// In a process of its own: everything from its start to the first frame.
@@ -370,16 +379,20 @@ int run(int count, char** arguments) {
         showFirstFrame();
         return 0;
     }
-    start(QCoreApplication::applicationFilePath());
-    openLargeFolder();
-    applyLargestResult();
-    openDuplicates();
-    for (const Ui::PortKey key : {Ui::PortKey::Port, Ui::PortKey::Process}) {
-        refreshPorts(key, false);
-        refreshPorts(key, true);
+    const std::vector<std::pair<std::string_view, std::function<void()>>> parts{
+        {"start", [] { start(QCoreApplication::applicationFilePath()); }},
+        {"folder", openLargeFolder},
+        {"result", applyLargestResult},
+        {"duplicates", openDuplicates},
+        {"ports", [] { refreshPorts(); }},
+        {"applications", searchApplications},
+        {"disk", scanWholeDisk},
+    };
+    for (const auto& [name, part] : parts) {
+        if (count < 2 || name == arguments[1]) {
+            part();
+        }
     }
-    searchApplications();
-    scanWholeDisk();
     return 0;
 }
 
