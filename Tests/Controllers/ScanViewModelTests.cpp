@@ -473,6 +473,7 @@ TEST_F(ScanViewModelTests, takesFoldersThatAreDroppedByteForByte) {
     home.write("bad \xff%20 name/file");
     start();
     controller->scanDropped({QUrl("https://example.com/x"), qurl(home.url("bad \xff%20 name"))});
+    waitUntil([this] { return controller->isScanning(); });
     settle();
     EXPECT_EQ(controller->scannedURL(), home.url("bad \xff%20 name"));
     EXPECT_EQ(controller->folder()->count(), 1);

@@ -5,7 +5,6 @@
 #include <Support/OddNames.h>
 #include <Support/TreeState.h>
 
-#include <Controllers/ShownText.h>
 #include <gtest/gtest.h>
 
 #include <QTest>
@@ -32,7 +31,7 @@ class DuplicatesTests : public testing::Test {
     static void scan(Harness& harness, const TemporaryHome& home) {
         harness.showModule("Duplicates");
         controller(harness).setMinimumSize(Bytes{1});
-        controller(harness).scanPath(shownPath(home.url("data")));
+        controller(harness).scanRoot(home.url("data"));
         ASSERT_TRUE(waitForResult(harness));
     }
     static bool waitForResult(Harness& harness) {

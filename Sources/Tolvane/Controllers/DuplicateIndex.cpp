@@ -22,7 +22,11 @@ DuplicateIndex::DuplicateIndex(DuplicateScanResult result,
 void DuplicateIndex::add(const DuplicateGroup& group, const std::vector<std::string>& uncertain) {
     const Position start = firsts_.back();
     for (const std::size_t first : group.firstNames()) {
-        originals_.push_back(start + static_cast<Position>(first));
+        const Position original = start + static_cast<Position>(first);
+        if (original != originals_.size()) {
+            ++nameCounts_.try_emplace(original, 1).first->second;
+        }
+        originals_.push_back(original);
     }
     for (const DuplicateFile& file : group.files) {
         isUncertain_.push_back(std::binary_search(uncertain.begin(), uncertain.end(), file.id()));
@@ -30,6 +34,11 @@ void DuplicateIndex::add(const DuplicateGroup& group, const std::vector<std::str
     reclaimable_.push_back(group.reclaimableBytes());
     tolvane::add(allReclaimable_, reclaimable_.back());
     firsts_.push_back(start + static_cast<Position>(group.files.size()));
+}
+
+std::uint32_t DuplicateIndex::nameCount(Position original) const {
+    const auto found = nameCounts_.find(original);
+    return found == nameCounts_.end() ? 1 : found->second;
 }
 
 std::size_t DuplicateIndex::groupOf(Position position) const {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace tolvane {
@@ -36,6 +37,8 @@ class DuplicateIndex {
     /// The first name in its group of the file that this is a name of (hard links): `position`
     /// itself unless there is an earlier one.
     Position original(Position position) const { return originals_[position]; }
+    /// How many names of a file its group holds; `original` is the first of them.
+    std::uint32_t nameCount(Position original) const;
     /// What keeping one file of a group frees; more names of one file count once.
     Bytes reclaimable(std::size_t group) const { return reclaimable_[group]; }
     /// Of all groups.
@@ -49,6 +52,8 @@ class DuplicateIndex {
     /// Of each group, and behind them the number of files.
     std::vector<Position> firsts_{0};
     std::vector<Position> originals_;
+    /// Of the files that have several, by the first.
+    std::unordered_map<Position, std::uint32_t> nameCounts_;
     std::vector<bool> isUncertain_;
     std::vector<Bytes> reclaimable_;
     Bytes allReclaimable_ = 0;

@@ -29,12 +29,22 @@ std::vector<DuplicateSelection::Position> DuplicateSelection::selected() const {
     return selected;
 }
 
+bool DuplicateSelection::decides(Position position, bool isTicked) {
+    const Position original = index_->original(position);
+    const std::uint32_t names = index_->nameCount(original);
+    if (names == 1) {
+        return true;
+    }
+    std::uint32_t& ticked = tickedNames_[original];
+    return (isTicked ? ++ticked : ticked--) == names;
+}
+
 void DuplicateSelection::set(Position position, std::size_t group, bool isTicked) {
     if (isSelected(position) == isTicked) {
         return;
     }
     const std::size_t all = index_->end(group) - index_->first(group);
-    const Bytes size = index_->groups()[group].size;
+    const Bytes size = decides(position, isTicked) ? index_->groups()[group].size : 0;
     ticks_[position] = isTicked ? 1 : 0;
     if (isTicked) {
         ++count_;
@@ -125,6 +135,7 @@ void DuplicateSelection::clear() {
     count_ = 0;
     completeGroups_ = 0;
     size_ = 0;
+    tickedNames_.clear();
 }
 
 }

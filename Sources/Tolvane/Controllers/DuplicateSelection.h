@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 namespace tolvane {
@@ -22,7 +23,8 @@ class DuplicateSelection {
 
     bool isSelected(Position position) const { return ticks_[position] != 0; }
     std::size_t count() const { return count_; }
-    /// The sum of the sizes of what is ticked.
+    /// What removing all that is ticked frees: a file of several names counts once, and only when
+    /// all of them are ticked.
     Bytes size() const { return size_; }
     std::size_t countIn(std::size_t group) const { return counts_[group]; }
     /// How many groups have every file ticked.
@@ -47,6 +49,8 @@ class DuplicateSelection {
     void clear();
 
   private:
+    /// Whether nothing of the file would be left with this tick, or was before it was taken off.
+    bool decides(Position position, bool isTicked);
     void set(Position position, std::size_t group, bool isTicked);
 
     std::shared_ptr<const DuplicateIndex> index_;
@@ -56,6 +60,8 @@ class DuplicateSelection {
     std::size_t count_ = 0;
     std::size_t completeGroups_ = 0;
     Bytes size_ = 0;
+    /// Of the files that have several names, by the first: how many of them are ticked.
+    std::unordered_map<Position, std::uint32_t> tickedNames_;
 };
 
 }

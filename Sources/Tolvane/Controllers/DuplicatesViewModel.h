@@ -11,6 +11,7 @@
 #include <Controllers/DuplicatesModel.h>
 #include <Controllers/Environment.h>
 #include <Controllers/FailureFolder.h>
+#include <Controllers/FolderFinder.h>
 #include <Controllers/Published.h>
 #include <Controllers/RecordModel.h>
 #include <Controllers/Removal.h>
@@ -122,12 +123,12 @@ class DuplicatesViewModel : public QObject {
     /// Looks through `root` with the minimum size as it is now.
     Q_INVOKABLE void scan();
     /// `root` becomes the folder that is looked through.
-    void scanRoot(const FileURL& root);
     /// What the scan found until now still becomes the result.
     Q_INVOKABLE void cancel();
     /// Stops the scan; one that was cancelled and does not come back is given up.
     Q_INVOKABLE void cancelActivity();
-    /// The first of `urls` that is a local folder becomes the root.
+    void scanRoot(const FileURL& root);
+    /// The first of `urls` that is a local folder becomes the root, once the disk has told.
     Q_INVOKABLE void scanDropped(const QList<QUrl>& urls);
     /// A path ("~" is the home folder) or a file URL becomes the root.
     Q_INVOKABLE void scanPath(const QString& text);
@@ -215,6 +216,7 @@ class DuplicatesViewModel : public QObject {
     RecordModel<FailureFolder> failureFolders_;
     std::shared_ptr<const DuplicateIndex> index_;
     std::optional<Date> scanStartedAt_;
+    FolderFinder finder_;
     Job<std::int64_t, DuplicateScan::Result> scanJob_;
 };
 

@@ -106,6 +106,7 @@ Removal::Removal(const Environment& environment, Handlers handlers)
               for (const RemovalReceipt& receipt : receipts_) {
                   failed.push_back(RemovalError::restoreFailed(receipt.original.path(), reason));
               }
+              setReceipts({});
               finishUndo(0, failed);
           }) {}
 

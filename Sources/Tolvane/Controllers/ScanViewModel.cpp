@@ -19,11 +19,6 @@ constexpr Seconds folderReportInterval = 0.12;
 constexpr Seconds navigationGuard = 0.5;
 constexpr QLatin1StringView lastScanPathKey("lastScanPath");
 
-std::string totalsForLog(const NodeTotals& totals, std::size_t failures) {
-    return fmt::format("files={} listedFiles={} dirs={} errors={}", totals.fileCount,
-                       totals.listedFileCount, totals.directoryCount, failures);
-}
-
 }
 
 ScanViewModel::ScanViewModel(const Environment& environment)
@@ -43,6 +38,9 @@ ScanViewModel::ScanViewModel(const Environment& environment)
     , failureFolders_(ScanRoles::failureFolder(),
                       [](const FailureFolder& folder) { return shownText(folder.folder.path()); })
     , purgeable_(ScanRoles::purgeableFile(), ScanRoles::nodeID)
+    , finder_(environment,
+              {.onFound = [this](const FileURL& folder) { scan(folder, QStringLiteral("drop")); },
+               .onNone = [this](const QString& text) { banner_ = text; }})
     , scanJob_(
           environment.workers, scanReportInterval,
           [this](const ScanProgress& progress) {
@@ -71,6 +69,7 @@ ScanViewModel::~ScanViewModel() = default;
 // Scanning
 
 void ScanViewModel::scan(const FileURL& url, const QString& origin) {
+    finder_.discard();
     cancel();
     clearResult();
     if (origin != rescanOrigin) {
@@ -121,9 +120,11 @@ void ScanViewModel::apply(DiskScan::Result result) {
     publishScanned(result);
     navigate({root});
     selectionChanged();
-    log(fmt::format("scan done path={} total={} children={} {} seconds={:.2f} cancelled={}",
+    log(fmt::format("scan done path={} total={} children={} files={} listedFiles={} dirs={} "
+                    "errors={} seconds={:.2f} cancelled={}",
                     root.url().path(), result.totals.totalAllocatedSize, root.children().size(),
-                    totalsForLog(result.totals, failures_.size()), result.seconds,
+                    result.totals.fileCount, result.totals.listedFileCount,
+                    result.totals.directoryCount, failures_.size(), result.seconds,
                     result.isCancelled));
     if (!result.isCancelled && result.totals.notListedFileCount() >= 1 &&
         result.totals.fileCount <= automaticDetailLimit) {
@@ -177,13 +178,7 @@ void ScanViewModel::chooseFolder() {
 }
 
 void ScanViewModel::scanDropped(const QList<QUrl>& urls) {
-    for (const QUrl& url : urls) {
-        const std::optional<FileURL> place = fileURL(url);
-        if (place && environment_.files->targetType(*place) == FileType::directory) {
-            return scan(*place, QStringLiteral("drop"));
-        }
-    }
-    banner_ = QStringLiteral("Only folders of this computer can be measured.");
+    finder_.find(urls, QStringLiteral("Only folders of this computer can be measured."));
 }
 
 void ScanViewModel::cancelActivity() {
@@ -267,98 +262,6 @@ void ScanViewModel::navigate(std::vector<FileNode> path) {
 
 bool ScanViewModel::isGuarded() const {
     return environment_.clock() < navigationGuardUntil_;
-}
-
-// Folder loads
-
-void ScanViewModel::loadFolder(const FileNode& node) {
-    folderJob_.discard();
-    isLoadingFolder_ = true;
-    loadingFolderName_ = shownText(node.name());
-    loadingPath_ = shownPath(node.url());
-    folderProgress_.reset();
-    folderStartedAt_ = environment_.clock();
-    expected_ = statistics_.expected(node.url());
-    log("folder load start path=" + node.url().path());
-    folderJob_.start([files = environment_.files, tree = tree_, node,
-                      excluded = excludedPrefixes_](const Report<ScanProgress>& report,
-                                                    const std::function<bool()>& isCancelled) {
-        return DiskScan::load(files, tree, node, excluded, report, isCancelled);
-    });
-    activity_.setRunning(true);
-}
-
-void ScanViewModel::applyFolder(const DiskScan::FolderResult& result) {
-    clearLoading();
-    const auto failures = static_cast<std::int64_t>(result.failures.size());
-    replaceTree(result.tree);
-    purgeableText_ = ScanTexts::purgeable(result.treeTotals);
-    const FileNode* folder = tree_->find(result.folder);
-    if (folder != nullptr) {
-        folderCache_.insert(*tree_, *folder);
-    }
-    if (failures > 0) {
-        banner_ =
-            QString::number(failures) + QStringLiteral(" item(s) could not be read in this folder");
-    }
-    log(fmt::format("folder load done path={} total={} {}", result.folder.path(),
-                    result.totals.totalAllocatedSize,
-                    totalsForLog(result.totals, result.failures.size())));
-}
-
-void ScanViewModel::abandonFolder(const std::string& reason) {
-    clearLoading();
-    banner_ = QStringLiteral("The folder could not be loaded: ") + shownText(reason);
-    log("folder load failed: " + reason);
-}
-
-void ScanViewModel::cancelFolderLoad() {
-    if (!isLoadingFolder_) {
-        return;
-    }
-    folderJob_.discard();
-    clearLoading();
-    log("folder load cancelled");
-}
-
-void ScanViewModel::clearLoading() {
-    isLoadingFolder_ = false;
-    loadingFolderName_ = QString();
-    loadingPath_ = QString();
-    folderProgress_.reset();
-    folderStartedAt_.reset();
-    activity_.setRunning(scanJob_.isRunning());
-}
-
-void ScanViewModel::rescanInDetail() {
-    if (!path_.empty() && !isLoadingFolder_) {
-        loadFolder(FileNode(path_.back()));
-    }
-}
-
-void ScanViewModel::replaceTree(std::shared_ptr<const ScannedTree> tree) {
-    const std::vector<FileNode> ticked = selection_.topLevel();
-    const auto inspected = inspected_ ? std::vector{*inspected_} : std::vector<FileNode>();
-    retired_ = std::exchange(tree_, std::move(tree));
-    selection_.load(tree_);
-    for (const FileNode* node : tree_->counterparts(ticked)) {
-        if (node != nullptr && !selection_.isSelected(node->id())) {
-            selection_.toggle(node->id());
-        }
-    }
-    std::vector<FileNode> path;
-    for (const FileNode* node : tree_->counterparts(path_)) {
-        if (node == nullptr) {
-            break;
-        }
-        path.push_back(*node);
-    }
-    navigate(std::move(path));
-    for (const FileNode* node : tree_->counterparts(inspected)) {
-        inspectNode(node != nullptr ? std::optional(*node) : std::nullopt);
-    }
-    selectionChanged();
-    retire();
 }
 
 void ScanViewModel::clearResult() {

@@ -12,6 +12,7 @@
 #include <Controllers/Environment.h>
 #include <Controllers/FailureFolder.h>
 #include <Controllers/FolderCache.h>
+#include <Controllers/FolderFinder.h>
 #include <Controllers/FolderModel.h>
 #include <Controllers/Inspector.h>
 #include <Controllers/Published.h>
@@ -274,6 +275,7 @@ class ScanViewModel : public QObject {
     FolderCache folderCache_;
     Bytes removedSize_ = 0;
     Date navigationGuardUntil_ = std::numeric_limits<Date>::lowest();
+    FolderFinder finder_;
     Job<ScanProgress, DiskScan::Result> scanJob_;
     Job<ScanProgress, DiskScan::FolderResult> folderJob_;
 };
