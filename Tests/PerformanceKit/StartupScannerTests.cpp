@@ -30,17 +30,17 @@ class StartupItems : public ::testing::Test {
 };
 
 TEST_F(StartupItems, areReadFromPropertyLists) {
-    const std::string program = "<key>Program</key><string>/p</string>";
     const std::string list = "<key>ProgramArguments</key><array><string>/q</string>";
-    for (const auto& [name, content] : Strings{
-             {"com.example.agent.plist", "<key>RunAtLoad</key><true/>"},
-             {"b.plist", "<key>Label</key><string>item 10</string>" + program + list + "</array>"},
-             {"c.plist", "<key>Label</key><integer>1</integer>" + list + "</array>"},
-             {"d.plist", "<key>Label</key><string>Item 9</string><key>ProgramArguments</key>"
-                         "<array/><key>RunAtLoad</key><string>true</string>"},
-             {"e.plist", list + "<true/></array>"},
-             {".hidden.plist", program},
-             {"upper.PLIST", program}}) {
+    for (const auto& [name, content] :
+         Strings{{"com.example.agent.plist", "<key>RunAtLoad</key><true/>"},
+                 {"b.plist", list + "</array><key>Label</key><string>item 10</string>"
+                                    "<key>Program</key><string>/p</string>"},
+                 {"c.plist", "<key>Label</key><integer>1</integer>" + list + "</array>"},
+                 {"d.plist", "<key>Label</key><string>Item 9</string><key>ProgramArguments</key>"
+                             "<array/><key>RunAtLoad</key><string>true</string>"},
+                 {"e.plist", list + "<true/></array>"},
+                 {".hidden.plist", ""},
+                 {"upper.PLIST", ""}}) {
         home.write("L/" + name, xmlPropertyList("<dict>" + content + "</dict>"));
     }
     home.write("L/f.plist", "rubbish");
