@@ -54,8 +54,7 @@ TEST(ApplicationIcons, areDrawnWhenTheyAreHarmlessAndNeutralOtherwise) {
     };
     const auto shown = [&](const std::optional<FileURL>& file) {
         QSize size;
-        const QImage image =
-            provider.requestImage("0000ff/" + AppRows::iconKey(file), &size, {32, 32});
+        QImage image = provider.requestImage("0000ff/" + AppRows::iconKey(file), &size, {32, 32});
         EXPECT_EQ(qMax(size.width(), size.height()), 32);
         return image;
     };
@@ -68,8 +67,6 @@ TEST(ApplicationIcons, areDrawnWhenTheyAreHarmlessAndNeutralOtherwise) {
     }
     ASSERT_EQ(::mkfifo(home.path("pipe").c_str(), 0600), 0);
     EXPECT_EQ(shown(home.url("pipe")), neutral);
-    QSize size;
-    EXPECT_EQ(provider.requestImage("0000ff/!!", &size, {32, 32}), neutral);
 }
 
 }
