@@ -13,12 +13,14 @@
 #include <fmt/format.h>
 
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QTest>
 #include <QTimer>
 #include <QtQml/QQmlEngineExtensionPlugin>
 #include <algorithm>
+#include <chrono>
 #include <ctime>
 #include <functional>
 #include <string_view>
@@ -347,6 +349,52 @@ void refreshPorts() {
     }
 }
 
+/// What a table of heavy processes is filled with; sizes differ in each round.
+void tellProcesses(const TemporaryHome& home, int round) {
+    std::string told;
+    for (int number = 0; number < 300; ++number) {
+        told += fmt::format("{} {} 1.5 process {}\n", 100'000 + number,
+                            1000 + (number * 37 + round * 11) % 300, number);
+    }
+    home.write("told", told);
+}
+
+void waitFor(std::chrono::milliseconds time) {
+    QEventLoop loop;
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void showPerformance() {
+    constexpr std::chrono::seconds idle{12};
+    const TemporaryHome home;
+    tellProcesses(home, 0);
+    const FileURL ps = madeUpTool(home, "cat '" + home.path("told") + "'", "ps");
+    Harness harness(home, {.layout = [&](HostLayout& layout) {
+                        layout.tools.heavyProcesses = {ps, {}};
+                    }});
+    PerformanceViewModel& performance = harness.app().performance();
+    harness.showModule("Performance");
+    waitFor(std::chrono::seconds(1));
+    const Milliseconds before = clockOf(CLOCK_PROCESS_CPUTIME_ID);
+    waitFor(idle);
+    const Milliseconds used = clockOf(CLOCK_PROCESS_CPUTIME_ID) - before;
+    report(
+        fmt::format("the performance screen open for {} s, its refreshes included", idle.count()),
+        {used, 1000.0 * static_cast<double>(idle.count())},
+        10.0 * static_cast<double>(idle.count()));
+    Span slowest;
+    for (int round = 1; round <= 20; ++round) {
+        tellProcesses(home, round);
+        const StallWatch watch;
+        performance.refreshAll();
+        QTest::qWait(100);
+        slowest.busy = std::max(slowest.busy, watch.longest().busy);
+        slowest.wall = std::max(slowest.wall, watch.longest().wall);
+    }
+    report("refreshing it, drawn", slowest, 33);
+}
+
 constexpr std::string_view firstFrame = "first-frame";
 
 /// In a process of its own: everything from its start to the first frame.
@@ -386,6 +434,7 @@ int run(int count, char** arguments) {
         {"duplicates", openDuplicates},
         {"ports", [] { refreshPorts(); }},
         {"applications", searchApplications},
+        {"performance", showPerformance},
         {"disk", scanWholeDisk},
     };
     for (const auto& [name, part] : parts) {

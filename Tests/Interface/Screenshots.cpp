@@ -25,7 +25,7 @@ namespace {
 Shots allShots() {
     Shots all;
     for (Shots (*const shots)() : {spaceAnalysisShots, uninstallerShots, duplicatesShots,
-                                   portsShots, brightpassShots, windowShots}) {
+                                   portsShots, performanceShots, brightpassShots, windowShots}) {
         std::ranges::move(shots(), std::back_inserter(all));
     }
     return all;
@@ -56,6 +56,9 @@ Harness::Setting settingOf(const Shot& shot, Harness::Scheme scheme,
         const FileURL proc = layout.locations.home.appending("proc");
         if (QDir(qurl(proc).toLocalFile()).exists()) {
             layout.sources.proc = proc;
+        }
+        if (shot.furnish != nullptr) {
+            shot.furnish(layout);
         }
     };
     return setting;

@@ -28,12 +28,15 @@ struct Shot {
     std::string heldAt = {};
     /// This folder cannot be read.
     std::string refused = {};
+    /// Changes the machine's places and tables.
+    void (*furnish)(HostLayout& layout) = nullptr;
 };
 
 using Shots = std::vector<Shot>;
 
 Shots brightpassShots();
 Shots duplicatesShots();
+Shots performanceShots();
 Shots portsShots();
 Shots spaceAnalysisShots();
 Shots uninstallerShots();

@@ -14,6 +14,8 @@ WheelHandler {
     }
 
     target: null
+    // What has nothing to scroll leaves the wheel to what it lies in.
+    blocking: flickable.contentHeight > flickable.height || flickable.contentWidth > flickable.width
     acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
     onWheel: event => {
         const view = flickable;

@@ -73,8 +73,7 @@ std::vector<RecordModel<LocalSnapshot>::Role> snapshotRoles() {
     using Row = const LocalSnapshot&;
     const auto volume = [](Row row) { return shownText(row.volume); };
     const auto purgeable = [](Row row) {
-        return row.purgeable.value_or(false) ? QStringLiteral("May be deleted")
-                                             : QStringLiteral("Kept");
+        return row.purgeable.value_or(false) ? QStringLiteral("Purgeable") : QStringLiteral("Kept");
     };
     return {{"dateText", PerformanceTexts::date},
             {"volumeText", volume},

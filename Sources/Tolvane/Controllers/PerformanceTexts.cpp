@@ -76,6 +76,9 @@ QString quitQuestion(const HeavyProcess& process) {
 QString agents(const std::vector<StartupAgent>& agents) {
     const auto atOnce = static_cast<std::size_t>(std::count_if(
         agents.begin(), agents.end(), [](const auto& agent) { return agent.runAtLoad; }));
+    if (agents.empty()) {
+        return QStringLiteral("Nothing starts by itself");
+    }
     return shownText(counted(agents.size(), "item") + ", " +
                      CountFormat::grouped(static_cast<std::int64_t>(atOnce)) +
                      " of them started at log-in or boot");
@@ -103,16 +106,15 @@ QString snapshots(const SnapshotInventory& inventory) {
             return snapshot.purgeable.value_or(false);
         }));
     return shownText(counted(all.size(), "snapshot") + ", " + CountFormat::grouped(purgeable) +
-                     " of them may be deleted by the system");
+                     " of them purgeable");
 }
 
 QString date(const LocalSnapshot& snapshot) {
     constexpr std::size_t stampLength = 17;
     const std::string& stamp = snapshot.date;
-    return shownText(stamp.size() != stampLength
-                         ? stamp
-                         : stamp.substr(0, 10) + " " + stamp.substr(11, 2) + ":" +
-                               stamp.substr(13, 2) + ":" + stamp.substr(15));
+    return shownText(stamp.size() != stampLength ? stamp
+                                                 : stamp.substr(0, 10) + " " + stamp.substr(11, 2) +
+                                                       ":" + stamp.substr(13, 2));
 }
 
 std::string released(Bytes released, Bytes gained) {

@@ -33,14 +33,14 @@ QString swap(const MemoryStats& memory);
 QString history(const MemoryHistory& history);
 /// "firefox (PID 42) is using 1.2 GB. Unsaved work may be lost."
 QString quitQuestion(const HeavyProcess& process);
-/// "42 items, 17 of them start by themselves"
+/// "42 items, 17 of them started at log-in or boot"
 QString agents(const std::vector<StartupAgent>& agents);
 /// "At log-in", "At boot", "On demand"
 QString start(const StartupAgent& agent);
 /// "This user", "Every user", "System"
 QString scope(const StartupAgent& agent);
 QString snapshots(const SnapshotInventory& inventory);
-/// "2024-03-01 10:15:00"
+/// "2024-03-01 10:15"
 QString date(const LocalSnapshot& snapshot);
 /// What came of handing `released` bytes back, with which programs can have `gained` more.
 std::string released(Bytes released, Bytes gained);

@@ -53,13 +53,13 @@ class PerformanceViewModel : public QObject {
     PUBLISHED(PerformanceViewModel, QString, waitingText)
     /// "9.1 GB of 16 GB used (57 %)"
     PUBLISHED(PerformanceViewModel, QString, memoryText)
-    /// "Between 40 % and 57 % of the memory were used over the last five minutes"
+    /// "Between 40 % and 57 % of the memory was used over the last five minutes"
     PUBLISHED(PerformanceViewModel, QString, historyText)
     PUBLISHED(PerformanceViewModel, QString, volumeName)
     /// "412 GB of 1 TB used (41 %)"
     PUBLISHED(PerformanceViewModel, QString, volumeText)
     PUBLISHED(PerformanceViewModel, QString, volumeNote)
-    /// "42 items, 17 of them start by themselves"
+    /// "42 items, 17 of them started at log-in or boot"
     PUBLISHED(PerformanceViewModel, QString, agentsText)
     PUBLISHED(PerformanceViewModel, QString, snapshotsText)
 

@@ -10,6 +10,7 @@
 #include <Controllers/FolderModel.h>
 #include <Controllers/Inspector.h>
 #include <Controllers/ListModel.h>
+#include <Controllers/PerformanceViewModel.h>
 #include <Controllers/PortsViewModel.h>
 #include <Controllers/Removal.h>
 #include <Controllers/ScanViewModel.h>
@@ -91,6 +92,13 @@ struct ListModelInQML {
     QML_FOREIGN(tolvane::ListModel)
     QML_NAMED_ELEMENT(Records)
     QML_UNCREATABLE("Made by controllers")
+};
+
+struct PerformanceViewModelInQML {
+    Q_GADGET
+    QML_FOREIGN(tolvane::PerformanceViewModel)
+    QML_NAMED_ELEMENT(PerformanceViewModel)
+    QML_UNCREATABLE("Made by the program's entry")
 };
 
 struct PortsViewModelInQML {

@@ -23,6 +23,7 @@ TolvaneApp::TolvaneApp(const Host& host)
     , uninstaller_(environment_)
     , duplicates_(environment_)
     , ports_(environment_)
+    , performance_(environment_)
     , brightpass_(environment_)
     , settings_(environment_, host.program)
     , disk_(environment_)
@@ -40,6 +41,8 @@ TolvaneApp::TolvaneApp(const Host& host)
                     {"duplicates", "Duplicates", "doc.on.doc",
                      QUrl("qrc:/Tolvane/DuplicatesScreen.qml"), &duplicates_},
                     {"ports", "Ports", "network", QUrl("qrc:/Tolvane/PortsScreen.qml"), &ports_},
+                    {"performance", "Performance", "speedometer",
+                     QUrl("qrc:/Tolvane/PerformanceScreen.qml"), &performance_},
                     {"brightpass", "Brightpass", "sparkles",
                      QUrl("qrc:/Tolvane/BrightpassScreen.qml"), &brightpass_}});
     followLinks();

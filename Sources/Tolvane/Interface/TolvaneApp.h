@@ -10,6 +10,7 @@
 #include <Controllers/FolderChooser.h>
 #include <Controllers/ListModel.h>
 #include <Controllers/MainThreadWorkers.h>
+#include <Controllers/PerformanceViewModel.h>
 #include <Controllers/PortsViewModel.h>
 #include <Controllers/RecordModel.h>
 #include <Controllers/ScanViewModel.h>
@@ -62,6 +63,7 @@ class TolvaneApp : public QObject {
     UninstallerViewModel& uninstaller() { return uninstaller_; }
     DuplicatesViewModel& duplicates() { return duplicates_; }
     PortsViewModel& ports() { return ports_; }
+    PerformanceViewModel& performance() { return performance_; }
     BrightpassViewModel& brightpass() { return brightpass_; }
     UserDefaults& defaults() { return defaults_; }
     AppLog& log() { return log_; }
@@ -98,6 +100,7 @@ class TolvaneApp : public QObject {
     UninstallerViewModel uninstaller_;
     DuplicatesViewModel duplicates_;
     PortsViewModel ports_;
+    PerformanceViewModel performance_;
     BrightpassViewModel brightpass_;
     SettingsViewModel settings_;
     SystemDisk disk_;

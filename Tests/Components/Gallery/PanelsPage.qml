@@ -34,4 +34,11 @@ Ground {
         actionText: "Choose folder…"
         note: "Reads names and sizes only."
     }
+    HistoryGraph {
+        width: parent.width
+        values: Array.from({length: 100}, (_, i) => i < 12 || i > 60 && i < 68 ? -1 : 0.5 + 0.4 * Math.sin(i / 9))
+        startText: "5 minutes ago"
+        endText: "Now"
+        summary: "Between 10 % and 90 %"
+    }
 }
