@@ -100,6 +100,19 @@ TEST_F(RecordModelTest, tellsOnlyOfRowsAndRolesThatChanged) {
     EXPECT_EQ(model.records()[1].colour, "red") << "what no role shows is taken over as well";
 }
 
+TEST_F(RecordModelTest, changesRowsThatOtherRecordsTakeWhereThatIsWanted) {
+    using Fruits = RecordModel<Fruit>;
+    model.reset(named("abcdef"));
+    steps.clear();
+    const QSignalSpy changes(&model, &ListModel::dataChanged);
+    for (const char* const letters : {"axydez", "axydzw"}) {
+        model.update(named(letters), Fruits::Replacement::change);
+        expectShown(named(letters));
+    }
+    EXPECT_EQ(changes.count(), 2) << "of two runs, once";
+    EXPECT_THAT(steps, ElementsAre("remove 4-4", "insert 5-5"));
+}
+
 TEST_F(RecordModelTest, publishesItsLengthOnlyWhenThatChanges) {
     const QSignalSpy changes(&model, &ListModel::countChanged);
     model.reset(named("ab"));

@@ -200,7 +200,7 @@ void PortsViewModel::showRows() {
     const auto shown = static_cast<std::int64_t>(rows.size());
     const auto all = static_cast<std::int64_t>(listeners_.size());
     isUpdating_ = true;
-    rows_.update(std::move(rows));
+    rows_.update(std::move(rows), RecordModel<PortListener>::Replacement::change);
     Q_EMIT rowsUpdated();
     isUpdating_ = false;
     hasListeners_ = all > 0;
@@ -355,6 +355,9 @@ void PortsViewModel::killAllAsked(bool force) {
 // Rows
 
 std::optional<PortListener> PortsViewModel::find(const QString& id) const {
+    if (id.isEmpty()) {
+        return std::nullopt;
+    }
     const std::string wanted = id.toStdString();
     const auto found = std::find_if(listeners_.begin(), listeners_.end(),
                                     [&](const PortListener& row) { return row.id() == wanted; });

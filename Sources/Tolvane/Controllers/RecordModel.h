@@ -25,6 +25,10 @@ class RecordModel final : public ListModel {
     };
     /// What tells a record from all others, whatever else of it changes.
     using Key = std::function<QString(const Record&)>;
+    /// How it arrives that another record stands where one was, while no other row moves: as a
+    /// removal and an insertion, or as a change of all that the row says. The latter costs a view
+    /// much less, but leaves its current row on the other record.
+    enum class Replacement { another, change };
 
     RecordModel(std::vector<Role> roles, Key key, QObject* parent = nullptr)
         : ListModel(parent)
@@ -44,15 +48,19 @@ class RecordModel final : public ListModel {
     /// The same list some time later: rows that stay keep their place on screen, selection and
     /// focus; differences arrive as removals, moves, insertions and changes. A list in which a key
     /// stands twice is taken as another one.
-    void update(std::vector<Record> records) {
+    void update(std::vector<Record> records, Replacement replacement = Replacement::another) {
         const std::optional<std::vector<RowChange>> changes =
             rowChanges(keys(records_), keys(records));
         if (!changes) {
             reset(std::move(records));
             return;
         }
-        for (const RowChange& change : *changes) {
-            apply(change, records);
+        if (replacement == Replacement::change && isReplacement(*changes)) {
+            exchange(*changes, records);
+        } else {
+            for (const RowChange& change : *changes) {
+                apply(change, records);
+            }
         }
         refresh(std::move(records));
         publishCount();
@@ -124,6 +132,16 @@ class RecordModel final : public ListModel {
                             records.begin() + change.last + 1);
             endInsertRows();
             break;
+        }
+    }
+
+    void exchange(const std::vector<RowChange>& changes, const std::vector<Record>& records) {
+        for (const RowChange& change : changes) {
+            if (change.kind == RowChange::Kind::insertion) {
+                std::copy(records.begin() + change.first, records.begin() + change.last + 1,
+                          at(change.first));
+                Q_EMIT dataChanged(index(change.first), index(change.last));
+            }
         }
     }
 

@@ -134,4 +134,17 @@ std::optional<std::vector<RowChange>> rowChanges(const std::vector<QString>& bef
     return steps;
 }
 
+bool isReplacement(const std::vector<RowChange>& changes) {
+    const std::size_t half = changes.size() / 2;
+    for (std::size_t i = 0; i < half; ++i) {
+        const RowChange& removal = changes[half - 1 - i];
+        const RowChange& insertion = changes[half + i];
+        if (removal.kind != Kind::removal || insertion.kind != Kind::insertion ||
+            removal.first != insertion.first || removal.last != insertion.last) {
+            return false;
+        }
+    }
+    return changes.size() == 2 * half;
+}
+
 }

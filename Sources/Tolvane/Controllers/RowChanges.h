@@ -28,4 +28,7 @@ struct RowChange {
 std::optional<std::vector<RowChange>> rowChanges(const std::vector<QString>& before,
                                                  const std::vector<QString>& after);
 
+/// Whether nothing but rows that leave and as many that take their places come of these changes.
+bool isReplacement(const std::vector<RowChange>& changes);
+
 }
