@@ -28,7 +28,7 @@ TEST(SettingsViewModelTests, tellWhatCanBeLookedUp) {
     home.write(folder + "Other-1.crash", "x");
     settings.appeared();
     waitUntil([&] { return shown == 2; });
-    EXPECT_TRUE(settings.logTail().endsWith(u" a line with \ufffd marks\n"_qs));
+    EXPECT_TRUE(settings.logTail().contains(u" a line with \ufffd marks\n"_qs));
     EXPECT_THAT(texts(*settings.reports(), "name"), ElementsAre("Tolvane-<b>.crash"));
     EXPECT_EQ(settings.noReportsText(), "");
 
