@@ -367,7 +367,9 @@ void tellProcesses(const TemporaryHome& home, int round) {
 
 void waitFor(std::chrono::milliseconds time) {
     QEventLoop loop;
-    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+    timer.start(time);
     loop.exec();
 }
 
