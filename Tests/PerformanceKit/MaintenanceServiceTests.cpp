@@ -140,23 +140,24 @@ TEST_F(Maintenance, asksOnlyTheMeantProcessToEnd) {
     const HostLayout layout = HostLayout::current();
     const MaintenanceService service(layout, systemFileManager(layout));
     ListeningProcess process({"127.0.0.1"});
-    const std::string number = std::to_string(process.pid());
+    const std::int32_t meant = process.pid();
+    const std::string number = std::to_string(meant);
     const std::string gone = "Process " + number + " is no longer running";
-    for (const std::int32_t pid : {0, 1, -1, -process.pid(), process.pid()}) {
-        EXPECT_EQ(service.terminate(pid, process.pid()).message,
+    for (const std::int32_t pid : {0, 1, -1, -meant, meant}) {
+        EXPECT_EQ(service.terminate(pid, meant).message,
                   "Refusing to signal protected process " + std::to_string(pid));
     }
-    const auto started = Processes(layout.sources).startTime(process.pid());
-    EXPECT_EQ(service.terminate(process.pid(), 5, *started + 1).message, gone) << "another's";
+    const auto started = Processes(layout.sources).startTime(meant);
+    EXPECT_EQ(service.terminate(meant, 5, *started + 1).message, gone) << "another's";
     if (::geteuid() == 0) {
-        EXPECT_EQ(asOrdinaryUser([&] { return service.terminate(process.pid(), 5).message; }),
+        EXPECT_EQ(asOrdinaryUser([&] { return service.terminate(meant, 5).message; }),
                   "Not permitted to signal process " + number);
     }
     EXPECT_EQ(process.running(), process.pids());
-    EXPECT_EQ(service.terminate(process.pid(), 5, started),
+    EXPECT_EQ(service.terminate(meant, 5, started),
               MaintenanceOutcome::success("Sent SIGTERM to process " + number));
     EXPECT_THAT(process.awaitEnd(), ElementsAre(SIGTERM));
-    EXPECT_EQ(service.terminate(process.pid(), 5).message, gone);
+    EXPECT_EQ(service.terminate(meant, 5).message, gone);
 }
 
 }
