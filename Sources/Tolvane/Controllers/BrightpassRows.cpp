@@ -57,6 +57,7 @@ QString key(const BrightpassRow& row) {
 std::vector<BrightpassRow> junk(const BrightpassReport& report) {
     const Bytes total = report.junkBytes();
     std::vector<BrightpassRow> rows;
+    rows.reserve(report.junk.size());
     for (const JunkCategory& category : report.junk) {
         rows.push_back(
             {.name = shownText(category.name),
@@ -71,6 +72,7 @@ std::vector<BrightpassRow> junk(const BrightpassReport& report) {
 std::vector<BrightpassRow> apps(const BrightpassReport& report) {
     const Bytes total = report.leftoverBytes();
     std::vector<BrightpassRow> rows;
+    rows.reserve(report.apps.size());
     for (const AppLeftoverSummary& summary : report.apps) {
         rows.push_back({.name = shownText(summary.app.name),
                         .note = counted(summary.leftovers.size(), "item"),
