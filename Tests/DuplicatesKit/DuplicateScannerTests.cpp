@@ -151,8 +151,8 @@ TEST_F(DuplicateScan, ordersGroupsByWasteThenByPath) {
 }
 
 TEST_F(DuplicateScan, ordersManyPathsByTheirBytes) {
-    for (int number = 0; number < 200; ++number) {
-        const std::string folder = "all/" + std::string(1 + number % 5 * 7UL, 'x');
+    for (std::size_t number = 0; number < 200; ++number) {
+        const std::string folder = "all/" + std::string(1 + number % 5 * 7, 'x');
         home.write(folder + (number % 2 == 0 ? "/" : ".d/") + std::to_string(number), "the same");
         home.write("pairs" + folder + std::to_string(number), std::to_string(1000 + number / 2));
     }
