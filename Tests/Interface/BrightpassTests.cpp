@@ -18,7 +18,7 @@ class BrightpassTests : public testing::Test {
     static void check(Harness& harness) {
         harness.showModule("Brightpass");
         harness.click("emptyStateAction");
-        ASSERT_TRUE(harness.eventually(
+        ASSERT_TRUE(Harness::eventually(
             [&] { return harness.app().brightpass().shownStage() == Ui::Stage::Result; }));
     }
     /// The first line of a part.
@@ -38,12 +38,12 @@ TEST_F(BrightpassTests, tellsOneFigureAndLeadsToTheOtherModules) {
 
     harness.click(firstRow(harness, "junkPart"));
     ASSERT_TRUE(
-        harness.eventually([&] { return harness.controller().stage() == Ui::Stage::Result; }));
+        Harness::eventually([&] { return harness.controller().stage() == Ui::Stage::Result; }));
     EXPECT_EQ(harness.controller().scannedURL(), home.url(".cache"));
 
     harness.click(firstRow(harness, "duplicatesPart"));
     DuplicatesViewModel& duplicates = harness.app().duplicates();
-    ASSERT_TRUE(harness.eventually([&] { return duplicates.stage() == Ui::Stage::Result; }));
+    ASSERT_TRUE(Harness::eventually([&] { return duplicates.stage() == Ui::Stage::Result; }));
     EXPECT_EQ(duplicates.root(), home.url("Downloads"));
     EXPECT_EQ(duplicates.groups().size(), 1U);
 }

@@ -15,7 +15,7 @@ using testing::ElementsAre;
 PortsViewModel& showPorts(Harness& harness) {
     harness.showModule("Ports");
     PortsViewModel& ports = harness.app().ports();
-    EXPECT_TRUE(harness.eventually([&] { return ports.hasListeners() && !ports.isScanning(); }));
+    EXPECT_TRUE(Harness::eventually([&] { return ports.hasListeners() && !ports.isScanning(); }));
     return ports;
 }
 
@@ -23,7 +23,7 @@ PortsViewModel& showPorts(Harness& harness) {
 void filterFor(Harness& harness, const ListeningProcess& process) {
     harness.press(Qt::Key_F, Qt::ControlModifier);
     harness.type(QString::number(process.pid()));
-    ASSERT_TRUE(harness.eventually([&] { return harness.app().ports().rows()->count() == 1; }));
+    ASSERT_TRUE(Harness::eventually([&] { return harness.app().ports().rows()->count() == 1; }));
     harness.press(Qt::Key_Return);
     harness.press(Qt::Key_Home);
 }
@@ -44,7 +44,7 @@ TEST(Ports, endsAProcessAfterAsking) {
     harness.press(Qt::Key_Delete);
     harness.click("killTerminate");
     EXPECT_THAT(process.awaitEnd(), ElementsAre(15));
-    ASSERT_TRUE(harness.eventually([&] { return harness.app().ports().rows()->count() == 0; }));
+    ASSERT_TRUE(Harness::eventually([&] { return harness.app().ports().rows()->count() == 0; }));
     EXPECT_TRUE(harness.shows(harness.app().ports().emptyText()));
     EXPECT_TRUE(harness.app().ports().banner().startsWith("Sent SIGTERM to "));
 }
@@ -82,7 +82,7 @@ TEST(Ports, rowsThatStayKeepSelectionAndMenuWhileOthersComeAndGo) {
     const auto tell = [&](const std::string& fields) {
         home.write("told", fields);
         ports.refresh();
-        ASSERT_TRUE(harness.eventually([&] { return !ports.isScanning(); }));
+        ASSERT_TRUE(Harness::eventually([&] { return !ports.isScanning(); }));
         harness.grab();
     };
     tell("p60\nc<b>new</b>\nPTCP\nn*:60\np80\ncb\nPTCP\nn*:80\n");

@@ -21,15 +21,15 @@ TEST(Settings, openInAWindowOfTheirOwnAndCloseAgain) {
     const TemporaryHome home;
     Harness harness(home);
     harness.press(Qt::Key_Comma, Qt::ControlModifier);
-    ASSERT_TRUE(harness.eventually([] { return settingsWindow() != nullptr; }));
+    ASSERT_TRUE(Harness::eventually([] { return settingsWindow() != nullptr; }));
     harness.app().settings()->access()->recheck();
-    EXPECT_TRUE(harness.eventually(
+    EXPECT_TRUE(Harness::eventually(
         [&] { return harness.app().settings()->logTail().contains("app launch version=1.2.3"); }));
     QTest::keyClick(settingsWindow(), Qt::Key_Escape);
-    EXPECT_TRUE(harness.eventually([] { return settingsWindow() == nullptr; }));
+    EXPECT_TRUE(Harness::eventually([] { return settingsWindow() == nullptr; }));
 
     harness.click("showSettings");
-    EXPECT_TRUE(harness.eventually([] { return settingsWindow() != nullptr; })) << "a second time";
+    EXPECT_TRUE(Harness::eventually([] { return settingsWindow() != nullptr; })) << "a second time";
 }
 
 }

@@ -29,12 +29,12 @@ class UninstallerTests : public testing::Test {
     static UninstallerViewModel& show(Harness& harness) {
         harness.showModule("Uninstaller");
         UninstallerViewModel& controller = harness.app().uninstaller();
-        EXPECT_TRUE(harness.eventually([&] { return controller.stage() == Ui::Stage::Result; }));
+        EXPECT_TRUE(Harness::eventually([&] { return controller.stage() == Ui::Stage::Result; }));
         return controller;
     }
     /// Until the chosen application has been looked at.
     static bool awaitDetail(Harness& harness) {
-        return harness.eventually([&] {
+        return Harness::eventually([&] {
             const AppDetail& detail = *harness.app().uninstaller().detail();
             return detail.hasApp() && !detail.isLoading();
         });
@@ -72,7 +72,7 @@ TEST_F(UninstallerTests, removesAnApplicationWithAllItLeavesAndPutsItBack) {
         harness.click("uninstall");
         harness.click("reviewRemove");
         ASSERT_TRUE(harness.shows("Removed Paint and 3 leftover item(s)"));
-        ASSERT_TRUE(harness.eventually([&] { return controller.rows()->count() == 1; }));
+        ASSERT_TRUE(Harness::eventually([&] { return controller.rows()->count() == 1; }));
         for (const char* const gone :
              {"Applications/org.example.paint.AppDir", ".config/org.example.paint",
               ".cache/org.example.paint", ".local/share/org.example.paint"}) {
@@ -81,7 +81,7 @@ TEST_F(UninstallerTests, removesAnApplicationWithAllItLeavesAndPutsItBack) {
         EXPECT_TRUE(home.has(".config/org.example.stays"));
         harness.press(Qt::Key_Z, Qt::ControlModifier);
         ASSERT_TRUE(harness.shows("Restored 4 item(s)"));
-        ASSERT_TRUE(harness.eventually([&] { return controller.rows()->count() == 2; }));
+        ASSERT_TRUE(Harness::eventually([&] { return controller.rows()->count() == 2; }));
     }
     EXPECT_EQ(state(), before);
 }
@@ -91,7 +91,7 @@ TEST_F(UninstallerTests, canBeWorkedByKeyboardAlone) {
     UninstallerViewModel& controller = show(harness);
     harness.press(Qt::Key_F, Qt::ControlModifier);
     harness.type("STAYS");
-    ASSERT_TRUE(harness.eventually([&] { return controller.rows()->count() == 1; }));
+    ASSERT_TRUE(Harness::eventually([&] { return controller.rows()->count() == 1; }));
     harness.press(Qt::Key_Return);
     ASSERT_TRUE(awaitDetail(harness));
     EXPECT_EQ(controller.detail()->name(), "Stays");
@@ -106,7 +106,7 @@ TEST_F(UninstallerTests, isWhereTheCheckLeadsTo) {
     Harness harness(home);
     harness.showModule("Brightpass");
     harness.click("emptyStateAction");
-    ASSERT_TRUE(harness.eventually(
+    ASSERT_TRUE(Harness::eventually(
         [&] { return harness.app().brightpass().shownStage() == Ui::Stage::Result; }));
     ASSERT_NE(harness.find("row0"), nullptr);
     harness.click(harness.find("row0", "appsPart"));
