@@ -285,7 +285,7 @@ std::string listenersOf(int round, int count) {
     return told;
 }
 
-/// The usual refresh, and the slowest one, in which other work may have fallen.
+/// The usual refresh, and the slowest one: no refresh may cost more than the limit.
 void refreshPorts(Ui::PortKey key, bool isDrawn) {
     constexpr int listeners = 1000;
     const TemporaryHome home;
@@ -318,7 +318,7 @@ void refreshPorts(Ui::PortKey key, bool isDrawn) {
         fmt::format("refreshing {} listeners by {}{}", listeners,
                     key == Ui::PortKey::Port ? "port" : "process", isDrawn ? ", drawn" : "");
     report(what, rounds[rounds.size() / 2], 5);
-    report(what + ", the slowest", rounds.back(), 33);
+    report(what + ", the slowest", rounds.back(), 5);
 }
 
 /// Every keystroke of a search, there and back, over as many applications as a person may have.
