@@ -100,15 +100,19 @@ function(tolvane_test target)
     gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
 endfunction()
 
-# tolvane_test_inside(mounts VolumeTests SOURCES ... LINKS ...): as tolvane_test, each case run in
-# namespaces of its own, and skipped where the system refuses them.
+# tolvane_test_inside(mounts VolumeTests SOURCES ... LINKS ... TIMEOUT 10): as tolvane_test, each case
+# run in namespaces of its own, and skipped where the system refuses them.
 function(tolvane_test_inside kind target)
-    cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "SOURCES;LINKS")
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT" "SOURCES;LINKS")
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 10)
+    endif()
     add_executable(${target} ${arg_SOURCES})
     target_link_libraries(${target} PRIVATE ${arg_LINKS} TestSupport GTest::gmock_main TolvaneFlags)
     set_target_properties(${target} PROPERTIES
         CROSSCOMPILING_EMULATOR "${PROJECT_SOURCE_DIR}/Tests/Support/inside;${kind}")
-    gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 10 SKIP_RETURN_CODE 77)
+    gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT ${arg_TIMEOUT} SKIP_RETURN_CODE 77)
 endfunction()
 
 # tolvane_quick_test(ComponentsTests SOURCES ... LINKS ...): the tst_*.qml beside it, run by Qt Quick

@@ -260,24 +260,6 @@ TEST(TolvaneApp, tellsTheLogOfItsLaunch) {
     EXPECT_NE(messages[2].find(" detail="), std::string::npos);
 }
 
-TEST(TolvaneApp, startsWithDefaultsWhenItsSettingsAreBroken) {
-    const std::vector<std::string> broken{
-        std::string("[General]\nspaceAnalysisView=@Variant(\\0\\0\\0\x7f"),
-        "[General]\ninitialModule=@Invalid()\nlastScanPath=@Size(1 2)\nspaceAnalysisView=7\n"
-        "window.placement=17\nscanStats.files=yes\n",
-        std::string("\x00\xff\xfe binary", 10)};
-    for (const std::string& settings : broken) {
-        const TemporaryHome home;
-        home.write(".config/Tolvane/Tolvane.conf", settings);
-        home.write("data/file.bin", std::string(9000, 'f'));
-        Harness harness(home);
-        EXPECT_EQ(harness.app().currentModule(), 0);
-        EXPECT_EQ(harness.controller().spaceAnalysisView(), "grid");
-        harness.scan(home.url("data"));
-        EXPECT_NE(harness.itemNamed("file.bin"), nullptr);
-    }
-}
-
 TEST(Program, saysSoAndEndsWhenTheDisplayDoesNotAnswer) {
     const TemporaryHome home;
     const ProgramRun run = runProgram(

@@ -102,18 +102,5 @@ TEST_F(UninstallerTests, canBeWorkedByKeyboardAlone) {
     EXPECT_FALSE(home.has("Applications/org.example.stays.AppDir"));
 }
 
-TEST_F(UninstallerTests, isWhereTheCheckLeadsTo) {
-    Harness harness(home);
-    harness.showModule("Brightpass");
-    harness.click("emptyStateAction");
-    ASSERT_TRUE(Harness::eventually(
-        [&] { return harness.app().brightpass().shownStage() == Ui::Stage::Result; }));
-    ASSERT_NE(harness.find("row0"), nullptr);
-    harness.click(harness.find("row0", "appsPart"));
-    ASSERT_TRUE(awaitDetail(harness));
-    EXPECT_TRUE(harness.shows("Paint"));
-    EXPECT_EQ(harness.app().uninstaller().leftovers().size(), 3U);
-}
-
 }
 }
