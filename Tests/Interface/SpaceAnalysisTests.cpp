@@ -11,6 +11,8 @@
 #include <unistd.h>
 
 #include <QFile>
+#include <QGuiApplication>
+#include <QIcon>
 #include <QTest>
 #include <algorithm>
 #include <filesystem>
@@ -267,6 +269,10 @@ TEST(Program, saysSoAndEndsWhenTheDisplayDoesNotAnswer) {
         {{"HOME", home.url().path()}, {"QT_QPA_PLATFORM", "xcb"}, {"DISPLAY", "nowhere:1"}});
     EXPECT_EQ(run.status, 69) << "which tells ./run to go on in the terminal";
     EXPECT_FALSE(home.has(".local/state/Logs/DiagnosticReports")) << "it is no crash";
+}
+
+TEST(MainWindow, bearsTheIconOfItsDesktopEntryWhereNothingIsInstalledToo) {
+    EXPECT_EQ(QGuiApplication::windowIcon().pixmap(48, 48).size(), QSize(48, 48));
 }
 
 TEST(MainWindow, comesBackWhereItWasUnlessNobodyCouldSeeItThere) {

@@ -4,11 +4,14 @@
 
 #include <QFont>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QQuickStyle>
 
 namespace tolvane {
 namespace {
 
+/// By which the desktop finds the entry of a running window; the icon bears its name, too.
+constexpr auto applicationId = "org.tolvane.Tolvane";
 constexpr int textSize = 14;
 
 /// Family and size must both be set before anything is loaded, or different places use different
@@ -45,7 +48,9 @@ void MainWindow::prepareApplication() {
     QGuiApplication::setApplicationDisplayName("Tolvane");
     QGuiApplication::setApplicationVersion(TOLVANE_VERSION);
     QGuiApplication::setOrganizationName("Tolvane");
-    QGuiApplication::setDesktopFileName("tolvane");
+    QGuiApplication::setDesktopFileName(applicationId);
+    QGuiApplication::setWindowIcon(
+        QIcon(QStringLiteral(":/Tolvane/%1.svg").arg(QLatin1String(applicationId))));
     QGuiApplication::setFont(interfaceFont());
 }
 
