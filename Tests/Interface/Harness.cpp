@@ -68,8 +68,12 @@ Harness::Harness(const TemporaryHome& home, const Setting& setting)
     if (setting.files) {
         files = setting.files(files);
     }
-    app_.emplace(TolvaneApp::Host{
-        layout_, std::move(files), systemTrash(layout_), workspace_, {"1.2.3", "45"}});
+    app_.emplace(TolvaneApp::Host{layout_,
+                                  std::move(files),
+                                  systemTrash(layout_),
+                                  workspace_,
+                                  {"1.2.3", "45"},
+                                  setting.clock});
     main_.emplace(*app_, appearance_);
     if (main_->window() == nullptr) {
         throw std::runtime_error("the window could not be made");

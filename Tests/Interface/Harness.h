@@ -28,6 +28,8 @@ class Harness {
         Decorator files = {};
         /// Changes the machine's places and tables.
         std::function<void(HostLayout& layout)> layout = {};
+        /// What spans of time are measured with.
+        Clock clock = steadyTime;
         Scheme scheme = Scheme::light;
         /// Invalid: as the window wants it.
         QSize size = {};

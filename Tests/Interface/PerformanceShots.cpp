@@ -2,7 +2,10 @@
 
 #include <Support/MadeUpTool.h>
 
+#include <Controllers/MemoryHistory.h>
+
 #include <QTest>
+#include <cmath>
 
 namespace tolvane {
 namespace {
@@ -22,13 +25,19 @@ void furnish(HostLayout& layout) {
         {"daemon", StartupFormat::unit, home.appending("etc").path()}};
 }
 
+void fillMemory(const TemporaryHome& home, int available) {
+    home.write(
+        "proc/meminfo",
+        "MemTotal: 16284560 kB\nMemFree: 1802344 kB\nMemAvailable: " + std::to_string(available) +
+            " kB\nActive: 8120440 kB\n"
+            "Unevictable: 412 kB\nSUnreclaim: 612000 kB\nKernelStack: 21000 kB\n"
+            "PageTables: 84000 kB\nPercpu: 9000 kB\nKReclaimable: 702000 kB\n"
+            "Zswap: 388000 kB\nSwapTotal: 4194300 kB\nSwapFree: 2903040 kB\n");
+}
+
 /// Memory, processes and start-up items of a machine that somebody works on.
 void fillMachine(const TemporaryHome& home) {
-    home.write("proc/meminfo", "MemTotal: 16284560 kB\nMemFree: 1802344 kB\n"
-                               "MemAvailable: 6921004 kB\nActive: 8120440 kB\n"
-                               "Unevictable: 412 kB\nSUnreclaim: 612000 kB\nKernelStack: 21000 kB\n"
-                               "PageTables: 84000 kB\nPercpu: 9000 kB\nKReclaimable: 702000 kB\n"
-                               "Zswap: 388000 kB\nSwapTotal: 4194300 kB\nSwapFree: 2903040 kB\n");
+    fillMemory(home, 6921004);
     home.write("proc/pressure/memory", "some avg10=0.12 avg60=0.10 avg300=0.02 total=1\n"
                                        "full avg10=0.00 avg60=0.00 avg300=0.00 total=1\n");
     madeUpTool(home,
@@ -69,9 +78,24 @@ void startManyThings(const TemporaryHome& home) {
     }
 }
 
+/// Minutes in which programs come and go.
+void liveThroughMinutes(Scene& scene) {
+    for (int step = 0; step < MemoryHistory::steps - 12; ++step) {
+        const int wave = static_cast<int>(500'000 * std::sin(step * 0.11));
+        const int build = step > 40 && step < 62 ? 2'600'000 : 0;
+        fillMemory(scene.home, 6'921'004 + wave - build);
+        scene.ahead += 3;
+        scene.harness.app().performance().refreshStats();
+    }
+    fillMemory(scene.home, 6'921'004);
+}
+
 PerformanceViewModel& showPerformance(Scene& scene) {
     PerformanceViewModel& performance = scene.harness.app().performance();
     scene.harness.showModule("Performance");
+    if (scene.home.has("proc/meminfo")) {
+        liveThroughMinutes(scene);
+    }
     Harness::eventually([&performance] {
         return performance.knowsProcesses() && performance.knowsAgents() &&
                performance.knowsSnapshots();

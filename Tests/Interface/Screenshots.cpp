@@ -32,8 +32,9 @@ Shots allShots() {
 }
 
 Harness::Setting settingOf(const Shot& shot, Harness::Scheme scheme,
-                           const std::shared_ptr<Gate>& gate) {
+                           const std::shared_ptr<Gate>& gate, const std::shared_ptr<Date>& ahead) {
     Harness::Setting setting;
+    setting.clock = [ahead] { return steadyTime() + *ahead; };
     setting.scheme = scheme;
     setting.size = shot.size;
     setting.files = [&shot, gate](std::shared_ptr<const FileManager> files) {
@@ -68,11 +69,12 @@ bool take(const Shot& shot, Harness::Scheme scheme, const QString& folder) {
     const TemporaryHome home;
     fillSampleHome(home);
     const auto gate = std::make_shared<Gate>();
+    const auto ahead = std::make_shared<Date>(0);
     if (shot.precede != nullptr) {
         shot.precede(home);
     }
-    Harness harness(home, settingOf(shot, scheme, gate));
-    Scene scene{home, harness, *gate};
+    Harness harness(home, settingOf(shot, scheme, gate, ahead));
+    Scene scene{home, harness, *gate, *ahead};
     shot.prepare(scene);
     const bool isDark = scheme == Harness::Scheme::dark;
     const QString suffix = (isDark ? "-dark-" : "-light-") +

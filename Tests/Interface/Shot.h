@@ -15,6 +15,8 @@ struct Scene {
     const TemporaryHome& home;
     Harness& harness;
     Gate& gate;
+    /// Seconds by which the application's clock is ahead.
+    Date& ahead;
 };
 
 /// A picture of one state of one screen.

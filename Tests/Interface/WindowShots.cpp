@@ -2,7 +2,10 @@
 
 #include <Support/OddNames.h>
 
+#include <QGuiApplication>
 #include <QTest>
+#include <QWindow>
+#include <algorithm>
 
 namespace tolvane {
 namespace {
@@ -48,6 +51,10 @@ Shots windowShots() {
          .prepare =
              [](Scene& scene) {
                  scene.harness.press(Qt::Key_Comma, Qt::ControlModifier);
+                 for (QWindow* const window : QGuiApplication::topLevelWindows()) {
+                     // High enough for all of the settings.
+                     window->resize(window->width(), std::max(window->height(), 862));
+                 }
                  QTest::qWait(600);
              },
          .precede =

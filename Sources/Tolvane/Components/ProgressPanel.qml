@@ -56,22 +56,28 @@ Rectangle {
             Layout.fillWidth: true
             fraction: panel.fraction
         }
-        RowLayout {
-            spacing: Theme.wideSpacing
+        // Anchors: a layout misses texts that change before it is first shown.
+        Item {
+            Layout.fillWidth: true
+            implicitHeight: counts.implicitHeight
 
             FigureLabel {
+                id: counts
+
                 objectName: "progressCounts"
                 horizontalAlignment: Text.AlignLeft
                 text: panel.counts
             }
-            Item {
-                Layout.fillWidth: true
-            }
             PlainLabel {
+                anchors.right: elapsed.left
+                anchors.rightMargin: Theme.wideSpacing
                 text: panel.remaining
                 color: Theme.secondaryText
             }
             FigureLabel {
+                id: elapsed
+
+                anchors.right: parent.right
                 text: panel.elapsed
                 color: Theme.secondaryText
             }

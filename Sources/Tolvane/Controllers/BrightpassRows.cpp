@@ -116,17 +116,19 @@ QString elapsed(const BrightpassReport& report, bool isPartial) {
     return verb + spanText(report.duration);
 }
 
-QString appsSummary(const BrightpassReport& report) {
-    return report.apps.empty() ? QStringLiteral("Nothing was found")
-                               : counted(report.apps.size(), "application");
+QString appsSummary(const BrightpassReport& report, bool isPartial) {
+    return report.apps.empty()
+               ? isPartial ? QStringLiteral("None so far") : QStringLiteral("Nothing was found")
+               : counted(report.apps.size(), "application");
 }
 
-QString duplicatesSummary(const BrightpassReport& report) {
+QString duplicatesSummary(const BrightpassReport& report, bool isPartial) {
     if (!report.duplicates) {
         return QStringLiteral("Not looked for");
     }
     const QString place = ScanTexts::name(report.duplicates->root);
-    return report.duplicates->groups.empty() ? QStringLiteral("None in ") + place
+    const QString none = isPartial ? QStringLiteral("None so far in ") : QStringLiteral("None in ");
+    return report.duplicates->groups.empty() ? none + place
                                              : counted(report.duplicates->groups.size(), "group") +
                                                    QStringLiteral(" in ") + place;
 }

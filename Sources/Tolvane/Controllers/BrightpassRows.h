@@ -40,9 +40,9 @@ QString headline(const BrightpassReport& report);
 /// "Checked in 2.1 s", "Stopped after 2.1 s"
 QString elapsed(const BrightpassReport& report, bool isPartial);
 /// "12 applications"
-QString appsSummary(const BrightpassReport& report);
+QString appsSummary(const BrightpassReport& report, bool isPartial);
 /// "12 groups in Downloads"
-QString duplicatesSummary(const BrightpassReport& report);
+QString duplicatesSummary(const BrightpassReport& report, bool isPartial);
 /// "2 folders could not be read"; empty when all could.
 QString failures(const BrightpassReport& report);
 

@@ -138,8 +138,8 @@ void BrightpassViewModel::publishReport() {
     junkText_ = size(report_->junkBytes());
     leftoverText_ = size(report_->leftoverBytes());
     duplicateText_ = size(report_->duplicateBytes());
-    appsSummary_ = BrightpassRows::appsSummary(*report_);
-    duplicatesSummary_ = BrightpassRows::duplicatesSummary(*report_);
+    appsSummary_ = BrightpassRows::appsSummary(*report_, isPartial_);
+    duplicatesSummary_ = BrightpassRows::duplicatesSummary(*report_, isPartial_);
     elapsedText_ = BrightpassRows::elapsed(*report_, isPartial_);
     failuresText_ = BrightpassRows::failures(*report_);
     parts_.reset(BrightpassRows::parts(*report_));

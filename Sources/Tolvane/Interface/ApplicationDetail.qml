@@ -19,7 +19,7 @@ Rectangle {
     EmptyState {
         objectName: "noApplication"
         anchors.fill: parent
-        visible: !panel.detail.hasApp
+        visible: !panel.detail.hasApp && panel.controller.emptyText === ""
         iconName: "applications"
         title: qsTr("Choose an application")
         text: qsTr("Here you see what it takes and what it leaves in other folders, before anything is removed.")

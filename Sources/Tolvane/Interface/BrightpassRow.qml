@@ -6,8 +6,6 @@ import Tolvane.Components
 TableRow {
     id: row
 
-    opacity: model.isThere ? 1 : 0.6
-
     ElidedLabel {
         id: name
 
@@ -17,6 +15,7 @@ TableRow {
         anchors.rightMargin: Theme.spacing
         y: 6
         text: row.model.name
+        color: row.model.isThere ? Theme.text : Theme.secondaryText
         elide: Text.ElideMiddle
         Accessible.ignored: true
     }
@@ -27,6 +26,7 @@ TableRow {
         anchors.rightMargin: 14
         y: 6
         text: row.model.sizeText
+        color: row.model.isThere ? Theme.text : Theme.secondaryText
         Accessible.ignored: true
     }
     ElidedLabel {

@@ -24,12 +24,9 @@ ThemedWindow {
         onActivated: window.close()
     }
 
-    Flickable {
+    ScrollPage {
         anchors.fill: parent
-        contentWidth: width
         contentHeight: column.implicitHeight + 2 * Theme.pageMargin
-        boundsBehavior: Flickable.StopAtBounds
-        ScrollBar.vertical: PlainScrollBar {}
 
         ColumnLayout {
             id: column

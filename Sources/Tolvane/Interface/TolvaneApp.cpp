@@ -17,7 +17,7 @@ TolvaneApp::TolvaneApp(const Host& host)
     , defaults_(host.layout.locations.userDefaultsFile)
     , access_(host.layout, host.files, workers_.workers(), log_, host.workspace)
     , environment_{host.layout, host.files,     host.trash, workers_.workers(), log_,
-                   defaults_,   host.workspace, access_,    steadyTime}
+                   defaults_,   host.workspace, access_,    host.clock}
     , chooser_(environment_)
     , spaceAnalysis_(environment_)
     , uninstaller_(environment_)

@@ -48,6 +48,8 @@ class TolvaneApp : public QObject {
         Workspace& workspace;
         /// Empty where it is not known.
         SettingsViewModel::Program program;
+        /// Seconds of a clock that never runs backwards.
+        Clock clock = steadyTime;
     };
 
     /// Notes the launch in the log.
