@@ -2,7 +2,7 @@
 // figure stands beside its limit. "busy" is the time the main thread computed at a stretch, "wall"
 // what passed meanwhile, which other programs lengthen. An argument chooses one part.
 
-#include "Harness.h"
+#include "WindowFigures.h"
 
 #include <Support/MadeUpTool.h>
 #include <Support/SyntheticFiles.h>
@@ -12,95 +12,16 @@
 #include <Controllers/UninstallerViewModel.h>
 #include <fmt/format.h>
 
-#include <QElapsedTimer>
 #include <QEventLoop>
-#include <QGuiApplication>
-#include <QProcess>
 #include <QTest>
 #include <QTimer>
-#include <QtQml/QQmlEngineExtensionPlugin>
 #include <algorithm>
 #include <chrono>
-#include <ctime>
-#include <functional>
-#include <string_view>
 #include <utility>
 #include <vector>
 
-Q_IMPORT_QML_PLUGIN(TolvanePlugin)
-Q_IMPORT_QML_PLUGIN(Tolvane_ComponentsPlugin)
-
 namespace tolvane {
 namespace {
-
-using Milliseconds = double;
-
-Milliseconds clockOf(clockid_t clock) {
-    timespec time{};
-    clock_gettime(clock, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) * 1e-6;
-}
-
-struct Span {
-    Milliseconds busy = 0;
-    Milliseconds wall = 0;
-};
-
-class Stopwatch {
-  public:
-    Span elapsed() const {
-        return {clockOf(CLOCK_THREAD_CPUTIME_ID) - busy_, clockOf(CLOCK_MONOTONIC) - wall_};
-    }
-
-  private:
-    Milliseconds busy_ = clockOf(CLOCK_THREAD_CPUTIME_ID);
-    Milliseconds wall_ = clockOf(CLOCK_MONOTONIC);
-};
-
-void report(std::string_view what, const Span& span, Milliseconds limit) {
-    fmt::print("{:<58} busy {:>7.1f} ms   wall {:>7.1f} ms   limit {:>5.0f} ms  {}\n", what,
-               span.busy, span.wall, limit, span.busy <= limit ? "ok" : "TOO SLOW");
-    std::fflush(stdout);
-}
-
-/// Notes the longest time that the event loop did not come round.
-class StallWatch {
-  public:
-    StallWatch() {
-        QObject::connect(&timer_, &QTimer::timeout, [this] { tick(); });
-        timer_.start(0);
-    }
-    Span longest() const { return longest_; }
-
-  private:
-    void tick() {
-        const Span span = since_.elapsed();
-        longest_.busy = std::max(longest_.busy, span.busy);
-        longest_.wall = std::max(longest_.wall, span.wall);
-        since_ = Stopwatch();
-    }
-
-    QTimer timer_;
-    Stopwatch since_;
-    Span longest_;
-};
-
-/// From `act` until the window shows what came of it.
-template <class Act>
-Span untilDrawn(QQuickWindow& window, Act act) {
-    bool isDrawn = false;
-    const auto connection =
-        QObject::connect(&window, &QQuickWindow::frameSwapped, [&isDrawn] { isDrawn = true; });
-    const Stopwatch watch;
-    act();
-    window.update();
-    while (!isDrawn) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-    }
-    const Span span = watch.elapsed();
-    QObject::disconnect(connection);
-    return span;
-}
 
 SyntheticItem folderOf(std::string name, int files, Bytes size) {
     SyntheticItem folder = SyntheticItem::folder(std::move(name));
@@ -144,8 +65,7 @@ void scroll(Harness& harness, std::string_view what) {
     for (int frame = 0; frame < frames; ++frame) {
         const double y = view->property("contentY").toDouble() + step;
         const Span span = untilDrawn(harness.window(), [&] { view->setProperty("contentY", y); });
-        worst.busy = std::max(worst.busy, span.busy);
-        worst.wall = std::max(worst.wall, span.wall);
+        worst.extendTo(span);
     }
     report(fmt::format("{}, the slowest of {} frames", what, frames), worst, limit);
 }
@@ -169,8 +89,7 @@ void openLargeFolder() {
         for (int click = 0; click < 20; ++click) {
             const Span span =
                 untilDrawn(harness.window(), [&] { harness.controller().select(item, true); });
-            slowest.busy = std::max(slowest.busy, span.busy);
-            slowest.wall = std::max(slowest.wall, span.wall);
+            slowest.extendTo(span);
         }
         report(fmt::format("a tick in it until it is drawn, {}", view), slowest, 16);
         harness.controller().goBack();
@@ -204,9 +123,7 @@ void applyLargestResult() {
     for (const char* const what : {"the first result", "a result in the place of another"}) {
         const StallWatch watch;
         controller.scan(FileURL("/data"), "benchmark");
-        while (controller.stage() != Ui::Stage::Result) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-        }
+        awaitEvents([&] { return controller.stage() == Ui::Stage::Result; });
         QTest::qWait(300);
         const FileNode& root = controller.path().front();
         const NodeTotals all = totals(root);
@@ -225,9 +142,7 @@ void scanWholeDisk() {
     Harness harness(home);
     const StallWatch watch;
     harness.controller().scan(FileURL("/"), "benchmark");
-    while (harness.controller().stage() != Ui::Stage::Result) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-    }
+    awaitEvents([&] { return harness.controller().stage() == Ui::Stage::Result; });
     QTest::qWait(300);
     report(fmt::format("scan of \"/\" ({}), longest stall",
                        harness.controller().folderText().toStdString()),
@@ -257,9 +172,7 @@ void openDuplicates() {
     {
         const StallWatch watch;
         controller.scanPath(QString::fromStdString(home.path("data")));
-        while (controller.stage() != Ui::Stage::Result) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-        }
+        awaitEvents([&] { return controller.stage() == Ui::Stage::Result; });
         QTest::qWait(300);
         report(fmt::format("{} duplicates in {} groups, longest stall",
                            controller.result()->duplicateFiles(), controller.groups().size()),
@@ -296,9 +209,7 @@ void refreshPorts(Ui::PortKey key, bool isDrawn) {
     const auto refresh = [&](int round) {
         home.write("told", listenersOf(round, listeners));
         ports.refresh();
-        while (ports.isScanning()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-        }
+        awaitEvents([&] { return !ports.isScanning(); });
         QTest::qWait(50);
     };
     harness.showModule("Ports");
@@ -331,9 +242,7 @@ void searchApplications() {
     }
     UninstallerViewModel apps(home.environment());
     apps.load();
-    while (apps.isLoading()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-    }
+    awaitEvents([&] { return !apps.isLoading(); });
     QTest::qWait(1000);
     Span slowest;
     for (const char* const query :
@@ -341,8 +250,7 @@ void searchApplications() {
         const Stopwatch watch;
         apps.setQuery(query);
         const Span span = watch.elapsed();
-        slowest.busy = std::max(slowest.busy, span.busy);
-        slowest.wall = std::max(slowest.wall, span.wall);
+        slowest.extendTo(span);
     }
     report(fmt::format("a keystroke of a search in {} applications", apps.apps().size()), slowest,
            16);
@@ -397,65 +305,22 @@ void showPerformance() {
         const StallWatch watch;
         performance.refreshAll();
         QTest::qWait(100);
-        slowest.busy = std::max(slowest.busy, watch.longest().busy);
-        slowest.wall = std::max(slowest.wall, watch.longest().wall);
+        slowest.extendTo(watch.longest());
     }
     report("refreshing it, drawn", slowest, 33);
-}
-
-constexpr std::string_view firstFrame = "first-frame";
-
-/// In a process of its own: everything from its start to the first frame.
-void showFirstFrame() {
-    const TemporaryHome home;
-    const Harness harness(home);
-    fmt::print("{}", clockOf(CLOCK_PROCESS_CPUTIME_ID));
-}
-
-void start(const QString& program) {
-    std::vector<Milliseconds> times;
-    for (int i = 0; i < 5; ++i) {
-        QProcess process;
-        process.start(program, {QString::fromUtf8(firstFrame.data())});
-        process.waitForFinished(-1);
-        times.push_back(process.readAllStandardOutput().toDouble());
-    }
-    std::sort(times.begin(), times.end());
-    const Milliseconds median = times[times.size() / 2];
-    report("start to first frame, CPU time of all threads", {median, times.back()}, 400);
-}
-
-int run(int count, char** arguments) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    const QGuiApplication application(count, arguments);
-    MainWindow::prepareApplication();
-    if (count > 1 && arguments[1] == firstFrame) {
-        showFirstFrame();
-        return 0;
-    }
-    const std::vector<std::pair<std::string_view, std::function<void()>>> parts{
-        {"start", [] { start(QCoreApplication::applicationFilePath()); }},
-        {"folder", openLargeFolder},
-        {"result", applyLargestResult},
-        {"duplicates", openDuplicates},
-        {"ports", [] { refreshPorts(); }},
-        {"applications", searchApplications},
-        {"performance", showPerformance},
-        {"disk", scanWholeDisk},
-    };
-    for (const auto& [name, part] : parts) {
-        if (count < 2 || name == arguments[1]) {
-            part();
-        }
-    }
-    return 0;
 }
 
 }
 }
 
 int main(int argumentCount, char** arguments) {
-    return tolvane::run(argumentCount, arguments);
+    using namespace tolvane;
+    return runParts(argumentCount, arguments,
+                    {{"folder", openLargeFolder},
+                     {"result", applyLargestResult},
+                     {"duplicates", openDuplicates},
+                     {"ports", [] { refreshPorts(); }},
+                     {"applications", searchApplications},
+                     {"performance", showPerformance},
+                     {"disk", scanWholeDisk}});
 }
