@@ -67,6 +67,7 @@ class AppTests : public testing::Test {
 TEST_F(AppTests, mayEndWhateverItsModulesDo) {
     constexpr int rounds = 200;
     const std::vector<TreeState> before = wholeState(home);
+    made().reset();
     const std::ptrdiff_t threadsBefore = threads();
     for (int round = 0; round < rounds; ++round) {
         const std::unique_ptr<TolvaneApp> app = made();
