@@ -1,9 +1,9 @@
 #include "Arguments.h"
 #include "Command.h"
-#include "SignalWatch.h"
 
 #include <HostKit/CrashReporter.h>
 #include <Services/Diagnostics.h>
+#include <Services/SignalWatch.h>
 
 #include <CLI/CLI.hpp>
 #include <fcntl.h>
@@ -111,9 +111,17 @@ Exit runChosen(const CLI::App& app, std::vector<std::unique_ptr<Command>>& made,
     return Exit::wrongCommandLine;
 }
 
+/// Who asks a second time wants no more of it.
+void cancelOrEnd(CancellationFlag& cancellation) {
+    if (cancellation.isCancelled()) {
+        ::_exit(static_cast<int>(Exit::cancelled));
+    }
+    cancellation.cancel();
+}
+
 Exit run(int argumentCount, char** arguments) {
     Console console;
-    const SignalWatch watch(console.cancellation());
+    const SignalWatch watch([&console] { cancelOrEnd(console.cancellation()); });
     CLI::App app("Shows what fills a disk and reclaims it safely", "tolvanectl");
     app.require_subcommand(1);
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");

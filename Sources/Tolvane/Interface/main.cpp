@@ -1,6 +1,7 @@
 #include <HostKit/CrashReporter.h>
 #include <HostKit/Text.h>
 #include <Services/Diagnostics.h>
+#include <Services/SignalWatch.h>
 
 #include <Interface/CommandLine.h>
 #include <Interface/DesktopWorkspace.h>
@@ -9,13 +10,16 @@
 #include <QGuiApplication>
 #include <QtGlobal>
 #include <QtQml/QQmlEngineExtensionPlugin>
+#include <chrono>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
+#include <thread>
 
 Q_IMPORT_QML_PLUGIN(TolvanePlugin)
 Q_IMPORT_QML_PLUGIN(Tolvane_ComponentsPlugin)
@@ -28,6 +32,7 @@ constexpr int failure = 1;
 constexpr int wrongCommandLine = 2;
 /// EX_UNAVAILABLE of sysexits.h; `./run` goes on in the terminal then.
 constexpr int noDisplay = 69;
+constexpr std::chrono::milliseconds longestEnding{1500};
 
 int complain(const std::string& problem, int status) {
     std::cerr << "tolvane: " << displayText(problem) << '\n';
@@ -53,6 +58,27 @@ std::optional<FileURL> place(const std::string& argument, const HostLayout& layo
     return layout.underHome(FileURL::absolute(argument, directory).standardized());
 }
 
+/// Who asks a second time does not want to wait for the window.
+std::function<void()> quitting() {
+    return [isAsked = false]() mutable {
+        if (isAsked) {
+            std::_Exit(failure);
+        }
+        isAsked = true;
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(), [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
+    };
+}
+
+/// A worker may wait for a file system that never answers; nobody is to wait for the worker. What
+/// is cut off then has lost nothing: that holds for the Trash and for the settings at any moment.
+void limitEnding() {
+    std::thread([] {
+        std::this_thread::sleep_for(longestEnding);
+        std::_Exit(success);
+    }).detach();
+}
+
 int showWindow(char** arguments, const std::optional<std::string>& named) {
     const HostLayout layout = HostLayout::current();
     static_cast<void>(
@@ -66,6 +92,8 @@ int showWindow(char** arguments, const std::optional<std::string>& named) {
         }
     }
 
+    // Before the threads of Qt, to which it must not matter.
+    const SignalWatch watch(quitting());
     // What the command line asked for is not Qt's to read.
     int count = 1;
     const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
@@ -86,7 +114,9 @@ int showWindow(char** arguments, const std::optional<std::string>& named) {
     if (folder) {
         app.scanNamed(*folder);
     }
-    return QGuiApplication::exec();
+    const int status = QGuiApplication::exec();
+    limitEnding();
+    return status;
 }
 
 int run(int count, char** arguments) {

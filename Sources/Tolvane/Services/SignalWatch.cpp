@@ -1,14 +1,13 @@
-#include "SignalWatch.h"
-
-#include "Console.h"
+#include <Services/SignalWatch.h>
 
 #include <pthread.h>
-#include <unistd.h>
+
+#include <utility>
 
 namespace tolvane {
 
-SignalWatch::SignalWatch(CancellationFlag& cancellation)
-    : cancellation_(cancellation) {
+SignalWatch::SignalWatch(std::function<void()> onSignal)
+    : onSignal_(std::move(onSignal)) {
     ::sigemptyset(&signals_);
     ::sigaddset(&signals_, SIGINT);
     ::sigaddset(&signals_, SIGTERM);
@@ -29,10 +28,7 @@ void SignalWatch::watch() {
         if (isEnding_.isCancelled()) {
             return;
         }
-        if (cancellation_.isCancelled()) {
-            ::_exit(static_cast<int>(Exit::cancelled));
-        }
-        cancellation_.cancel();
+        onSignal_();
     }
 }
 

@@ -3,15 +3,17 @@
 #include <Services/CancellationFlag.h>
 
 #include <csignal>
+#include <functional>
 #include <thread>
 
 namespace tolvane {
 
-/// Turns the first SIGINT or SIGTERM into a cancellation and ends the program at the second. A
-/// thread waits for them, so no code runs in a handler. Make it before any other thread.
+/// Hears of SIGINT and SIGTERM, which end the program no longer. A thread waits for them, so no
+/// code runs in a handler. Make it before any other thread.
 class SignalWatch {
   public:
-    explicit SignalWatch(CancellationFlag& cancellation);
+    /// `onSignal` is called on that thread for each of them.
+    explicit SignalWatch(std::function<void()> onSignal);
     ~SignalWatch();
     SignalWatch(const SignalWatch&) = delete;
     SignalWatch& operator=(const SignalWatch&) = delete;
@@ -19,7 +21,7 @@ class SignalWatch {
   private:
     void watch();
 
-    CancellationFlag& cancellation_;
+    const std::function<void()> onSignal_;
     CancellationFlag isEnding_;
     sigset_t signals_;
     std::thread thread_;
