@@ -1,7 +1,4 @@
-#include "SampleHome.h"
 #include "Shot.h"
-
-#include <QTest>
 
 namespace tolvane {
 namespace {
@@ -10,9 +7,20 @@ BrightpassViewModel& brightpass(Scene& scene) {
     return scene.harness.app().brightpass();
 }
 
-void show(Scene& scene) {
-    scene.harness.showModule("Brightpass");
-    QTest::qWait(100);
+bool hasResult(Scene& scene) {
+    return brightpass(scene).shownStage() == Ui::Stage::Result;
+}
+
+void run(Scene& scene) {
+    brightpass(scene).run();
+}
+
+void stop(Scene& scene) {
+    brightpass(scene).cancelActivity();
+}
+
+void openFailures(Scene& scene) {
+    brightpass(scene).openFailures();
 }
 
 /// Applications that leave something, and downloads that came twice.
@@ -33,57 +41,30 @@ void fillForCheck(const TemporaryHome& home) {
     write("Downloads/not \xff UTF-8 \xc3 (1).zip", 840);
 }
 
-void check(Scene& scene) {
-    show(scene);
-    brightpass(scene).run();
-    Harness::eventually([&scene] { return brightpass(scene).shownStage() == Ui::Stage::Result; });
-    QTest::qWait(100);
-}
-
-void hold(Scene& scene) {
-    show(scene);
-    brightpass(scene).run();
-    Harness::eventually([&scene] { return scene.gate.isReached(); });
-    QTest::qWait(1200);
-}
-
-void stop(Scene& scene) {
-    hold(scene);
-    brightpass(scene).cancelActivity();
-    scene.gate.open();
-    Harness::eventually([&scene] { return brightpass(scene).shownStage() == Ui::Stage::Result; });
-}
-
 }
 
 Shots brightpassShots() {
-    return {
-        {.name = "brightpass-start", .prepare = show},
-        {.name = "brightpass-start-small", .prepare = show, .size = {860, 560}},
-        {.name = "brightpass-working",
-         .prepare = hold,
-         .precede = fillForCheck,
-         .heldAt = "Downloads"},
-        {.name = "brightpass-partial",
-         .prepare = stop,
-         .precede = fillForCheck,
-         .heldAt = "Downloads"},
-        {.name = "brightpass-result", .prepare = check, .precede = fillForCheck},
-        {.name = "brightpass-result-small",
-         .prepare = check,
-         .precede = fillForCheck,
-         .size = {860, 560}},
-        {.name = "brightpass-little", .prepare = check},
-        {.name = "brightpass-failures",
-         .prepare =
-             [](Scene& scene) {
-                 check(scene);
-                 brightpass(scene).openFailures();
-                 QTest::qWait(300);
-             },
-         .precede = fillForCheck,
-         .refused = "Downloads"},
-    };
+    const Step start = all({show("Brightpass"), wait(100), run});
+    const auto nothing = [](const TemporaryHome&) {};
+    return after(
+        fillForCheck,
+        {
+            {.name = "brightpass-start",
+             .prepare = {show("Brightpass")},
+             .isAlsoSmall = true,
+             .precede = nothing},
+            {.name = "brightpass-working", .prepare = {start, untilHeld}, .heldAt = "Downloads"},
+            {.name = "brightpass-partial",
+             .prepare = {start, untilHeld, stop, goOn, until(hasResult)},
+             .heldAt = "Downloads"},
+            {.name = "brightpass-result",
+             .prepare = {start, until(hasResult)},
+             .isAlsoSmall = true},
+            {.name = "brightpass-little", .prepare = {start, until(hasResult)}, .precede = nothing},
+            {.name = "brightpass-failures",
+             .prepare = {start, until(hasResult), openFailures},
+             .refused = "Downloads"},
+        });
 }
 
 }

@@ -1,8 +1,6 @@
 #include "SampleHome.h"
 #include "Shot.h"
 
-#include <QTest>
-
 namespace tolvane {
 namespace {
 
@@ -10,155 +8,78 @@ DuplicatesViewModel& duplicates(Scene& scene) {
     return scene.harness.app().duplicates();
 }
 
-void showDuplicates(Scene& scene) {
-    scene.harness.showModule("Duplicates");
-    QTest::qWait(100);
+bool hasResult(Scene& scene) {
+    return duplicates(scene).stage() == Ui::Stage::Result && !duplicates(scene).isWorking();
 }
 
-void startDuplicates(Scene& scene) {
-    showDuplicates(scene);
-    duplicates(scene).scanPath("~/Documents");
-    Harness::eventually([&scene] { return scene.gate.isReached(); });
-    QTest::qWait(1200);
+Step start(const QString& folder) {
+    return all({show("Duplicates"), wait(100),
+                [folder](Scene& scene) { duplicates(scene).scanPath(folder); }});
 }
 
-void awaitDuplicates(Scene& scene) {
-    Harness::eventually([&scene] {
-        return duplicates(scene).stage() == Ui::Stage::Result && !duplicates(scene).isWorking();
-    });
+void stop(Scene& scene) {
+    duplicates(scene).cancel();
 }
 
-void findDuplicates(Scene& scene) {
-    showDuplicates(scene);
-    duplicates(scene).scanPath("~/Documents");
-    awaitDuplicates(scene);
-    scene.harness.press(Qt::Key_Home);
-    scene.harness.press(Qt::Key_Down);
-}
-
-void tickDuplicates(Scene& scene) {
-    findDuplicates(scene);
+void tick(Scene& scene) {
     duplicates(scene).selectAllCopies();
 }
 
 /// Of one group nothing would be left, and one file changed meanwhile.
-void reviewDuplicates(Scene& scene) {
-    tickDuplicates(scene);
+void spoil(Scene& scene) {
     duplicates(scene).toggleRow(1);
     scene.home.write("Documents/Backup 2024/Pictures/Lofoten/IMG_4109.raw",
                      std::string(3'770'000, 'y'));
-    scene.harness.press(Qt::Key_Delete);
-    Harness::eventually([&scene] { return duplicates(scene).removal()->warnedCount() > 0; });
-    QTest::qWait(300);
-}
-
-void removeDuplicates(Scene& scene) {
-    tickDuplicates(scene);
-    scene.harness.press(Qt::Key_Delete);
-    scene.harness.click("reviewRemove");
-    Harness::eventually([&scene] { return duplicates(scene).removal()->canUndo(); });
-    awaitDuplicates(scene);
 }
 
 }
 
 Shots duplicatesShots() {
-    return {
-        {.name = "duplicates-start", .prepare = showDuplicates},
-        {.name = "duplicates-start-small", .prepare = showDuplicates, .size = {860, 560}},
-        {.name = "duplicates-working",
-         .prepare = startDuplicates,
-         .precede = fillSampleCopies,
-         .heldAt = "thesis.pdf"},
-        {.name = "duplicates-partial",
-         .prepare =
-             [](Scene& scene) {
-                 startDuplicates(scene);
-                 duplicates(scene).cancel();
-                 scene.gate.open();
-                 awaitDuplicates(scene);
-             },
-         .precede = fillSampleCopies,
-         .heldAt = "thesis.pdf"},
-        {.name = "duplicates-result", .prepare = findDuplicates, .precede = fillSampleCopies},
-        {.name = "duplicates-result-small",
-         .prepare = tickDuplicates,
-         .precede = fillSampleCopies,
-         .size = {860, 560}},
-        {.name = "duplicates-ticked", .prepare = tickDuplicates, .precede = fillSampleCopies},
-        {.name = "duplicates-closed",
-         .prepare =
-             [](Scene& scene) {
-                 tickDuplicates(scene);
-                 duplicates(scene).rows()->collapseAll();
-                 scene.harness.click("keepMore");
-                 QTest::qWait(300);
-             },
-         .precede = fillSampleCopies},
-        {.name = "duplicates-menu",
-         .prepare =
-             [](Scene& scene) {
-                 findDuplicates(scene);
-                 scene.harness.press(Qt::Key_Menu);
-                 QTest::qWait(300);
-             },
-         .precede = fillSampleCopies},
-        {.name = "duplicates-filter",
-         .prepare =
-             [](Scene& scene) {
-                 tickDuplicates(scene);
-                 scene.harness.press(Qt::Key_F, Qt::ControlModifier);
-                 scene.harness.type("debian");
-             },
-         .precede = fillSampleCopies},
-        {.name = "duplicates-filter-nothing",
-         .prepare =
-             [](Scene& scene) {
-                 findDuplicates(scene);
-                 scene.harness.press(Qt::Key_F, Qt::ControlModifier);
-                 scene.harness.type("zebra");
-             },
-         .precede = fillSampleCopies},
-        {.name = "duplicates-wrong-size",
-         .prepare =
-             [](Scene& scene) {
-                 findDuplicates(scene);
-                 scene.harness.click("minimumSize");
-                 scene.harness.type("x");
-                 scene.harness.press(Qt::Key_Return);
-                 QTest::qWait(900);
-             },
-         .precede = fillSampleCopies},
-        {.name = "duplicates-none", .prepare = findDuplicates},
-        {.name = "duplicates-trouble",
-         .prepare = findDuplicates,
-         .precede = fillSampleCopies,
-         .refused = "versions handed in"},
-        {.name = "duplicates-failures",
-         .prepare =
-             [](Scene& scene) {
-                 findDuplicates(scene);
-                 scene.harness.click("showFailures");
-                 QTest::qWait(300);
-             },
-         .precede = fillSampleCopies,
-         .refused = "versions handed in"},
-        {.name = "duplicates-locked",
-         .prepare =
-             [](Scene& scene) {
-                 showDuplicates(scene);
-                 duplicates(scene).scanPath("/");
-                 QTest::qWait(500);
-                 duplicates(scene).cancel();
-                 awaitDuplicates(scene);
-             }},
-        {.name = "duplicates-review", .prepare = reviewDuplicates, .precede = fillSampleCopies},
-        {.name = "duplicates-review-small",
-         .prepare = reviewDuplicates,
-         .precede = fillSampleCopies,
-         .size = {860, 560}},
-        {.name = "duplicates-removed", .prepare = removeDuplicates, .precede = fillSampleCopies},
-    };
+    const Step hold = all({start("~/Documents"), untilHeld});
+    const Step find =
+        all({start("~/Documents"), until(hasResult), press(Qt::Key_Home), press(Qt::Key_Down)});
+    const Step filter = press(Qt::Key_F, Qt::ControlModifier);
+    const Step isWarned =
+        until([](Scene& scene) { return duplicates(scene).removal()->warnedCount() > 0; });
+    const Step isRemoved =
+        until([](Scene& scene) { return duplicates(scene).removal()->canUndo(); });
+    const Step close = [](Scene& scene) { duplicates(scene).rows()->collapseAll(); };
+    const std::string refused = "versions handed in";
+    const auto nothing = [](const TemporaryHome&) {};
+    return after(
+        fillSampleCopies,
+        {
+            {.name = "duplicates-start",
+             .prepare = {show("Duplicates")},
+             .isAlsoSmall = true,
+             .precede = nothing},
+            {.name = "duplicates-working", .prepare = {hold}, .heldAt = "thesis.pdf"},
+            {.name = "duplicates-partial",
+             .prepare = {hold, stop, goOn, until(hasResult)},
+             .heldAt = "thesis.pdf"},
+            {.name = "duplicates-result", .prepare = {find}},
+            {.name = "duplicates-ticked", .prepare = {find, tick}, .isAlsoSmall = true},
+            {.name = "duplicates-closed", .prepare = {find, tick, close, click("keepMore")}},
+            {.name = "duplicates-menu", .prepare = {find, press(Qt::Key_Menu)}},
+            {.name = "duplicates-filter", .prepare = {find, tick, filter, type("debian")}},
+            {.name = "duplicates-filter-nothing", .prepare = {find, filter, type("zebra")}},
+            {.name = "duplicates-wrong-size",
+             .prepare = {find, click("minimumSize"), type("x"), press(Qt::Key_Return), wait(600)}},
+            {.name = "duplicates-none", .prepare = {find}, .precede = nothing},
+            {.name = "duplicates-trouble", .prepare = {find}, .refused = refused},
+            {.name = "duplicates-failures",
+             .prepare = {find, click("showFailures")},
+             .refused = refused},
+            {.name = "duplicates-locked",
+             .prepare = {start("/"), wait(500), stop, until(hasResult)},
+             .precede = nothing},
+            {.name = "duplicates-review",
+             .prepare = {find, tick, spoil, press(Qt::Key_Delete), isWarned},
+             .isAlsoSmall = true},
+            {.name = "duplicates-removed",
+             .prepare = {find, tick, press(Qt::Key_Delete), click("reviewRemove"), isRemoved,
+                         until(hasResult)}},
+        });
 }
 
 }

@@ -4,7 +4,6 @@
 
 #include <Controllers/MemoryHistory.h>
 
-#include <QTest>
 #include <cmath>
 
 namespace tolvane {
@@ -37,7 +36,7 @@ void fillMemory(const TemporaryHome& home, int available) {
 
 /// Memory, processes and start-up items of a machine that somebody works on.
 void fillMachine(const TemporaryHome& home) {
-    fillMemory(home, 6921004);
+    fillMemory(home, 6'921'004);
     home.write("proc/pressure/memory", "some avg10=0.12 avg60=0.10 avg300=0.02 total=1\n"
                                        "full avg10=0.00 avg60=0.00 avg300=0.00 total=1\n");
     madeUpTool(home,
@@ -78,6 +77,10 @@ void startManyThings(const TemporaryHome& home) {
     }
 }
 
+PerformanceViewModel& performance(Scene& scene) {
+    return scene.harness.app().performance();
+}
+
 /// Minutes in which programs come and go.
 void liveThroughMinutes(Scene& scene) {
     for (int step = 0; step < MemoryHistory::steps - 12; ++step) {
@@ -85,22 +88,30 @@ void liveThroughMinutes(Scene& scene) {
         const int build = step > 40 && step < 62 ? 2'600'000 : 0;
         fillMemory(scene.home, 6'921'004 + wave - build);
         scene.ahead += 3;
-        scene.harness.app().performance().refreshStats();
+        performance(scene).refreshStats();
     }
     fillMemory(scene.home, 6'921'004);
 }
 
-PerformanceViewModel& showPerformance(Scene& scene) {
-    PerformanceViewModel& performance = scene.harness.app().performance();
-    scene.harness.showModule("Performance");
-    if (scene.home.has("proc/meminfo")) {
-        liveThroughMinutes(scene);
-    }
-    Harness::eventually([&performance] {
-        return performance.knowsProcesses() && performance.knowsAgents() &&
-               performance.knowsSnapshots();
-    });
-    return performance;
+bool isKnown(Scene& scene) {
+    return performance(scene).knowsProcesses() && performance(scene).knowsAgents() &&
+           performance(scene).knowsSnapshots();
+}
+
+bool isWaiting(Scene& scene) {
+    return !performance(scene).waitingText().isEmpty();
+}
+
+bool isIdle(Scene& scene) {
+    return !performance(scene).isBusy();
+}
+
+Step run(const QString& row) {
+    return [row](Scene& scene) { performance(scene).runRow(row); };
+}
+
+void thin(Scene& scene) {
+    performance(scene).thinSnapshots();
 }
 
 void scrollToEnd(Scene& scene) {
@@ -109,70 +120,41 @@ void scrollToEnd(Scene& scene) {
     page->setProperty("contentY", page->property("contentHeight").toDouble() - page->height());
 }
 
+/// A machine one of whose tools takes its time.
+std::function<void(const TemporaryHome&)> machineWithSlow(const std::string& tool) {
+    return [tool](const TemporaryHome& home) {
+        fillMachine(home);
+        madeUpTool(home, "exec sleep 60", tool);
+    };
+}
+
 }
 
 Shots performanceShots() {
-    Shots shots{
-        {.name = "performance",
-         .prepare =
-             [](Scene& scene) {
-                 showPerformance(scene);
-                 scene.harness.click("row1");
-             },
-         .precede = fillMachine},
-        {.name = "performance-small",
-         .prepare = [](Scene& scene) { showPerformance(scene); },
-         .precede = fillMachine,
-         .size = {860, 560}},
-        {.name = "performance-snapshots",
-         .prepare = [](Scene& scene) { showPerformance(scene); },
-         .precede = keepSnapshots,
-         .size = {1180, 1500}},
-        {.name = "performance-many-items",
-         .prepare =
-             [](Scene& scene) {
-                 showPerformance(scene);
-                 scrollToEnd(scene);
-             },
-         .precede = startManyThings},
-        {.name = "performance-busy",
-         .prepare =
-             [](Scene& scene) {
-                 PerformanceViewModel& performance = showPerformance(scene);
-                 performance.runRow("ls");
-                 Harness::eventually([&performance] { return !performance.isBusy(); });
-                 performance.runRow("dns");
-                 scrollToEnd(scene);
-             },
-         .precede =
-             [](const TemporaryHome& home) {
-                 fillMachine(home);
-                 madeUpTool(home, "exec sleep 60", "resolvectl");
-             }},
-        {.name = "performance-quit",
-         .prepare =
-             [](Scene& scene) {
-                 showPerformance(scene);
-                 scene.harness.click("quit0");
-                 QTest::qWait(300);
-             },
-         .precede = fillMachine},
-        {.name = "performance-nothing",
-         .prepare = [](Scene& scene) { showPerformance(scene).thinSnapshots(); }},
-        {.name = "performance-waiting",
-         .prepare =
-             [](Scene& scene) {
-                 scene.harness.showModule("Performance");
-                 Harness::eventually([&scene] {
-                     return !scene.harness.app().performance().waitingText().isEmpty();
-                 });
-             },
-         .precede =
-             [](const TemporaryHome& home) {
-                 fillMachine(home);
-                 madeUpTool(home, "exec sleep 60", "ps");
-             }},
-    };
+    const Step showNothing = all({tolvane::show("Performance"), until(isKnown)});
+    const Step show = all({tolvane::show("Performance"), liveThroughMinutes, until(isKnown)});
+    Shots shots =
+        after(fillMachine,
+              {
+                  {.name = "performance", .prepare = {show, click("row1")}, .isAlsoSmall = true},
+                  {.name = "performance-snapshots",
+                   .prepare = {show},
+                   .precede = keepSnapshots,
+                   .size = {1180, 1500}},
+                  {.name = "performance-many-items",
+                   .prepare = {show, scrollToEnd},
+                   .precede = startManyThings},
+                  {.name = "performance-busy",
+                   .prepare = {show, run("ls"), until(isIdle), run("dns"), scrollToEnd},
+                   .precede = machineWithSlow("resolvectl")},
+                  {.name = "performance-quit", .prepare = {show, click("quit0")}},
+                  {.name = "performance-nothing",
+                   .prepare = {showNothing, thin},
+                   .precede = [](const TemporaryHome&) {}},
+                  {.name = "performance-waiting",
+                   .prepare = {tolvane::show("Performance"), until(isWaiting)},
+                   .precede = machineWithSlow("ps")},
+              });
     for (Shot& shot : shots) {
         shot.furnish = furnish;
     }

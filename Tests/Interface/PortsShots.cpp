@@ -2,8 +2,6 @@
 
 #include <Support/MadeUpTool.h>
 
-#include <QTest>
-
 namespace tolvane {
 namespace {
 
@@ -26,65 +24,57 @@ void fillPorts(const TemporaryHome& home) {
                                "00:00000000 00000000 103 0 19 1 0 100 0 0 10 0\n");
 }
 
-PortsViewModel& showPorts(Scene& scene) {
-    PortsViewModel& ports = scene.harness.app().ports();
-    scene.harness.showModule("Ports");
-    Harness::eventually([&ports] { return ports.hasListeners(); });
-    scene.harness.click("row2");
-    return ports;
+PortsViewModel& ports(Scene& scene) {
+    return scene.harness.app().ports();
+}
+
+bool hasListeners(Scene& scene) {
+    return ports(scene).hasListeners();
+}
+
+bool isWaiting(Scene& scene) {
+    return !ports(scene).waitingText().isEmpty();
+}
+
+bool complains(Scene& scene) {
+    return !ports(scene).banner().isEmpty();
+}
+
+void askToKillAll(Scene& scene) {
+    ports(scene).askToKillAll();
+}
+
+void copyPort(Scene& scene) {
+    ports(scene).copyPort("4242-3000-TCP");
+}
+
+void findNothing(Scene& scene) {
+    ports(scene).setQuery("zebra");
+}
+
+void listForEver(const TemporaryHome& home) {
+    madeUpTool(home, "exec sleep 60", "lsof");
 }
 
 }
 
 Shots portsShots() {
-    return {
-        {.name = "ports", .prepare = [](Scene& scene) { showPorts(scene); }, .precede = fillPorts},
-        {.name = "ports-small",
-         .prepare = [](Scene& scene) { showPorts(scene); },
-         .precede = fillPorts,
-         .size = {860, 560}},
-        {.name = "ports-kill",
-         .prepare =
-             [](Scene& scene) {
-                 showPorts(scene);
-                 scene.harness.press(Qt::Key_Delete);
-                 QTest::qWait(300);
-             },
-         .precede = fillPorts},
-        {.name = "ports-kill-all",
-         .prepare =
-             [](Scene& scene) {
-                 showPorts(scene).askToKillAll();
-                 QTest::qWait(300);
-             },
-         .precede = fillPorts},
-        {.name = "ports-menu",
-         .prepare =
-             [](Scene& scene) {
-                 showPorts(scene).copyPort("4242-3000-TCP");
-                 scene.harness.press(Qt::Key_F10, Qt::ShiftModifier);
-                 QTest::qWait(300);
-             },
-         .precede = fillPorts},
-        {.name = "ports-filter-nothing",
-         .prepare = [](Scene& scene) { showPorts(scene).setQuery("zebra"); },
-         .precede = fillPorts},
-        {.name = "ports-waiting",
-         .prepare =
-             [](Scene& scene) {
-                 scene.harness.showModule("Ports");
-                 Harness::eventually(
-                     [&scene] { return !scene.harness.app().ports().waitingText().isEmpty(); });
-             },
-         .precede = [](const TemporaryHome& home) { madeUpTool(home, "exec sleep 60", "lsof"); }},
-        {.name = "ports-no-tool",
-         .prepare =
-             [](Scene& scene) {
-                 scene.harness.showModule("Ports");
-                 Harness::eventually(
-                     [&scene] { return !scene.harness.app().ports().banner().isEmpty(); });
-             }},
-    };
+    const Step list = all({show("Ports"), until(hasListeners), click("row2")});
+    return after(fillPorts,
+                 {
+                     {.name = "ports", .prepare = {list}, .isAlsoSmall = true},
+                     {.name = "ports-kill", .prepare = {list, press(Qt::Key_Delete)}},
+                     {.name = "ports-kill-all", .prepare = {list, askToKillAll}},
+                     {.name = "ports-menu",
+                      .prepare = {list, copyPort, press(Qt::Key_F10, Qt::ShiftModifier)}},
+                     {.name = "ports-filter-nothing", .prepare = {list, findNothing}},
+                     {.name = "ports-waiting",
+                      .prepare = {show("Ports"), until(isWaiting)},
+                      .precede = listForEver},
+                     {.name = "ports-no-tool",
+                      .prepare = {show("Ports"), until(complains)},
+                      .precede = [](const TemporaryHome&) {}},
+                 });
 }
 
 }

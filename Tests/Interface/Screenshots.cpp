@@ -11,10 +11,8 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QtQml/QQmlEngineExtensionPlugin>
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <iterator>
 
 Q_IMPORT_QML_PLUGIN(TolvanePlugin)
 Q_IMPORT_QML_PLUGIN(Tolvane_ComponentsPlugin)
@@ -26,7 +24,14 @@ Shots allShots() {
     Shots all;
     for (Shots (*const shots)() : {spaceAnalysisShots, uninstallerShots, duplicatesShots,
                                    portsShots, performanceShots, brightpassShots, windowShots}) {
-        std::ranges::move(shots(), std::back_inserter(all));
+        for (const Shot& shot : shots()) {
+            all.push_back(shot);
+            if (shot.isAlsoSmall) {
+                all.push_back(shot);
+                all.back().name += "-small";
+                all.back().size = {860, 560};
+            }
+        }
     }
     return all;
 }
@@ -70,17 +75,20 @@ bool take(const Shot& shot, Harness::Scheme scheme, const QString& folder) {
     fillSampleHome(home);
     const auto gate = std::make_shared<Gate>();
     const auto ahead = std::make_shared<Date>(0);
-    if (shot.precede != nullptr) {
+    if (shot.precede) {
         shot.precede(home);
     }
     Harness harness(home, settingOf(shot, scheme, gate, ahead));
     Scene scene{home, harness, *gate, *ahead};
-    shot.prepare(scene);
+    all(shot.prepare)(scene);
+    // Menus come in and tooltips wait before they are seen.
+    wait(300)(scene);
     const bool isDark = scheme == Harness::Scheme::dark;
     const QString suffix = (isDark ? "-dark-" : "-light-") +
                            QString::number(100 * harness.window().effectiveDevicePixelRatio()) +
                            ".png";
-    const bool isSaved = harness.grab().save(folder + "/" + shot.name + suffix);
+    const bool isSaved =
+        harness.grab().save(folder + "/" + QString::fromStdString(shot.name) + suffix);
     gate->open();
     return isSaved;
 }
@@ -91,7 +99,7 @@ int takeAll(const QString& folder, const QString& wanted) {
     }
     bool isComplete = true;
     for (const Shot& shot : allShots()) {
-        if (!QString(shot.name).contains(wanted)) {
+        if (!QString::fromStdString(shot.name).contains(wanted)) {
             continue;
         }
         for (const Harness::Scheme scheme : {Harness::Scheme::light, Harness::Scheme::dark}) {

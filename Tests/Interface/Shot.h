@@ -4,7 +4,7 @@
 
 #include <Support/Gate.h>
 
-#include <QSize>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,12 +19,28 @@ struct Scene {
     Date& ahead;
 };
 
+/// What brings a scene nearer to the state that is to be drawn.
+using Step = std::function<void(Scene& scene)>;
+
+Step all(std::vector<Step> steps);
+Step show(const QString& module);
+Step click(const QString& objectName);
+Step press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+Step type(const QString& text);
+Step wait(int milliseconds);
+Step until(std::function<bool(Scene& scene)> condition);
+/// Waits until the scan stands still, and long enough for what appears only then.
+void untilHeld(Scene& scene);
+void goOn(Scene& scene);
+
 /// A picture of one state of one screen.
 struct Shot {
-    const char* name;
-    void (*prepare)(Scene& scene);
+    std::string name;
+    std::vector<Step> prepare;
+    /// Drawn in the smallest window, too.
+    bool isAlsoSmall = false;
     /// What earlier runs left behind.
-    void (*precede)(const TemporaryHome& home) = nullptr;
+    std::function<void(const TemporaryHome& home)> precede = {};
     QSize size{1180, 760};
     /// A scan stands still before it opens this folder; empty: it runs through.
     std::string heldAt = {};
@@ -35,6 +51,9 @@ struct Shot {
 };
 
 using Shots = std::vector<Shot>;
+
+/// The same on a home that was filled by `precede`, but for those that name what precedes them.
+Shots after(const std::function<void(const TemporaryHome& home)>& precede, Shots shots);
 
 Shots brightpassShots();
 Shots duplicatesShots();

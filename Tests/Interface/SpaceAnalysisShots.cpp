@@ -1,77 +1,64 @@
 #include "Shot.h"
 
-#include <QTest>
-#include <filesystem>
-
 namespace tolvane {
 namespace {
+
+ScanViewModel& controller(Scene& scene) {
+    return scene.harness.controller();
+}
+
+bool hasResult(Scene& scene) {
+    return controller(scene).stage() == Ui::Stage::Result;
+}
 
 void scanBefore(const TemporaryHome& home) {
     Harness harness(home);
     harness.scan(home.url());
 }
 
-void scanHome(Scene& scene) {
-    scene.harness.scan(scene.home.url());
-    scene.harness.press(Qt::Key_Home);
-}
-
-void showList(Scene& scene) {
-    scene.harness.controller().setSpaceAnalysisView("list");
-    scanHome(scene);
-}
-
-void inspect(Scene& scene, const QString& name) {
-    scene.harness.click(scene.harness.itemNamed(name));
-}
-
-/// Also where it is out of sight.
-void tick(Scene& scene, const QString& name) {
-    ScanViewModel& controller = scene.harness.controller();
-    const FolderModel& folder = *controller.folder();
-    for (int row = 0; row < folder.rowCount(); ++row) {
-        if (folder.index(row).data(FolderModel::Name) == name) {
-            controller.select(folder.nodeIDAt(row), true);
-        }
-    }
-}
-
-void tickThree(Scene& scene) {
-    inspect(scene, "Videos");
-    tick(scene, "notes.txt");
-    tick(scene, "latest");
+Step scan(const std::string& folder) {
+    return [folder](Scene& scene) {
+        scene.harness.scan(scene.home.makeFolder(folder));
+        scene.harness.press(Qt::Key_Home);
+    };
 }
 
 void startScan(Scene& scene) {
-    scene.harness.controller().scan(scene.home.url(), "screenshots");
-    Harness::eventually([&scene] { return scene.gate.isReached(); });
-    QTest::qWait(1200);
+    controller(scene).scan(scene.home.url(), "screenshots");
 }
 
-void openDownloads(Scene& scene) {
-    scanHome(scene);
-    scene.harness.doubleClick(scene.harness.itemNamed("Downloads"));
-    Harness::eventually(
-        [&scene] { return scene.harness.itemNamed("debian-12.5.0-amd64-netinst.iso") != nullptr; });
+void startScanOfAll(Scene& scene) {
+    controller(scene).scan(FileURL("/"), "screenshots");
 }
 
-void review(Scene& scene) {
-    scanHome(scene);
-    tickThree(scene);
-    scene.harness.press(Qt::Key_Delete);
-    Harness::eventually(
-        [&scene] { return scene.harness.controller().removal()->troubledCount() == 1; });
+void stop(Scene& scene) {
+    controller(scene).cancelActivity();
 }
 
-void removeNotes(Scene& scene) {
-    scanHome(scene);
-    inspect(scene, "notes.txt");
-    scene.harness.press(Qt::Key_Delete);
-    scene.harness.click("reviewRemove");
-    Harness::eventually([&scene] {
-        return scene.harness.controller().removal()->canUndo() &&
-               scene.harness.controller().stage() == Ui::Stage::Result;
-    });
+void useList(Scene& scene) {
+    controller(scene).setSpaceAnalysisView("list");
+}
+
+Step inspect(const QString& name) {
+    return [name](Scene& scene) { scene.harness.click(scene.harness.itemNamed(name)); };
+}
+
+/// Waits until clicks are no longer taken for slips.
+Step enter(const QString& name) {
+    return all({[name](Scene& scene) { scene.harness.doubleClick(scene.harness.itemNamed(name)); },
+                wait(600)});
+}
+
+/// Also what is out of sight.
+void tickThree(Scene& scene) {
+    inspect("Videos")(scene);
+    const FolderModel& folder = *controller(scene).folder();
+    for (int row = 0; row < folder.rowCount(); ++row) {
+        const QString name = folder.index(row).data(FolderModel::Name).toString();
+        if (name == "notes.txt" || name == "latest") {
+            controller(scene).select(folder.nodeIDAt(row), true);
+        }
+    }
 }
 
 /// Far more files than a scan keeps.
@@ -82,131 +69,65 @@ void fillCrowd(const TemporaryHome& home) {
     }
 }
 
+void openLargest(Scene& scene) {
+    controller(scene).open(controller(scene).folder()->nodeIDAt(0));
+    controller(scene).cancelFolderLoad();
+}
+
 }
 
 Shots spaceAnalysisShots() {
+    const Step scanHome = scan("");
+    const Step isTroubled =
+        until([](Scene& scene) { return controller(scene).removal()->troubledCount() == 1; });
+    const Step removeNotes =
+        all({scanHome, inspect("notes.txt"), press(Qt::Key_Delete), click("reviewRemove"),
+             until([](Scene& scene) { return controller(scene).removal()->canUndo(); }),
+             until(hasResult)});
+    const Step isRestored = until([](Scene& scene) {
+        return controller(scene).banner().startsWith("Restored") && hasResult(scene);
+    });
+    const Step sortByName = [](Scene& scene) {
+        controller(scene).folder()->sortBy(Ui::SortKey::Name);
+    };
+    const Step openPurgeable = [](Scene& scene) { controller(scene).openPurgeable(); };
+    const QString image = "debian-12.5.0-amd64-netinst.iso";
     return {
-        {.name = "start", .prepare = [](Scene&) {}},
-        {.name = "start-small", .prepare = [](Scene&) {}, .size = {860, 560}},
-        {.name = "start-again", .prepare = [](Scene&) {}, .precede = scanBefore},
-        {.name = "scanning", .prepare = startScan, .heldAt = "Videos"},
+        {.name = "start", .prepare = {}, .isAlsoSmall = true},
+        {.name = "start-again", .prepare = {}, .precede = scanBefore},
+        {.name = "scanning", .prepare = {startScan, untilHeld}, .heldAt = "Videos"},
         {.name = "scanning-estimate",
-         .prepare = startScan,
+         .prepare = {startScan, untilHeld},
          .precede = scanBefore,
          .heldAt = "Videos"},
         {.name = "scan-cancelled",
-         .prepare =
-             [](Scene& scene) {
-                 startScan(scene);
-                 scene.harness.controller().cancelActivity();
-                 scene.gate.open();
-                 Harness::eventually(
-                     [&scene] { return scene.harness.controller().stage() == Ui::Stage::Result; });
-             },
+         .prepare = {startScan, untilHeld, stop, goOn, until(hasResult)},
          .heldAt = "Videos"},
-        {.name = "grid", .prepare = scanHome},
-        {.name = "grid-small", .prepare = scanHome, .size = {860, 560}},
-        {.name = "grid-ticked",
-         .prepare =
-             [](Scene& scene) {
-                 scanHome(scene);
-                 tickThree(scene);
-             }},
-        {.name = "grid-drilled",
-         .prepare =
-             [](Scene& scene) {
-                 openDownloads(scene);
-                 QTest::qWait(600);
-                 inspect(scene, "debian-12.5.0-amd64-netinst.iso");
-             }},
+        {.name = "grid", .prepare = {scanHome}, .isAlsoSmall = true},
+        {.name = "grid-ticked", .prepare = {scanHome, tickThree}},
+        {.name = "grid-drilled", .prepare = {scanHome, enter("Downloads"), inspect(image)}},
         {.name = "grid-within-ticked",
-         .prepare =
-             [](Scene& scene) {
-                 scanHome(scene);
-                 scene.harness.doubleClick(scene.harness.itemNamed("Pictures"));
-                 QTest::qWait(600);
-                 scene.harness.press(Qt::Key_A, Qt::ControlModifier);
-             }},
+         .prepare = {scanHome, enter("Pictures"), press(Qt::Key_A, Qt::ControlModifier)}},
         {.name = "grid-hidden-items",
-         .prepare =
-             [](Scene& scene) {
-                 fillCrowd(scene.home);
-                 scene.harness.controller().scan(scene.home.url(), "screenshots");
-                 Harness::eventually(
-                     [&scene] { return scene.harness.controller().stage() == Ui::Stage::Result; });
-                 scene.harness.controller().open(scene.harness.controller().folder()->nodeIDAt(0));
-                 scene.harness.controller().cancelFolderLoad();
-             }},
-        {.name = "list", .prepare = showList},
-        {.name = "list-small", .prepare = showList, .size = {860, 560}},
-        {.name = "list-ticked",
-         .prepare =
-             [](Scene& scene) {
-                 showList(scene);
-                 tickThree(scene);
-             }},
-        {.name = "list-by-name",
-         .prepare =
-             [](Scene& scene) {
-                 showList(scene);
-                 scene.harness.controller().folder()->sortBy(Ui::SortKey::Name);
-                 inspect(scene, "Pictures");
-             }},
+         .prepare = {startScan, until(hasResult), openLargest},
+         .precede = fillCrowd},
+        {.name = "list", .prepare = {useList, scanHome}, .isAlsoSmall = true},
+        {.name = "list-ticked", .prepare = {useList, scanHome, tickThree}},
+        {.name = "list-by-name", .prepare = {useList, scanHome, sortByName, inspect("Pictures")}},
         {.name = "filter-nothing",
-         .prepare =
-             [](Scene& scene) {
-                 scanHome(scene);
-                 scene.harness.press(Qt::Key_F, Qt::ControlModifier);
-                 scene.harness.type("zebra");
-             }},
-        {.name = "empty-folder",
-         .prepare =
-             [](Scene& scene) { scene.harness.scan(scene.home.makeFolder("Nothing in here")); }},
-        {.name = "root-locked",
-         .prepare =
-             [](Scene& scene) {
-                 scene.harness.controller().scan(FileURL("/"), "screenshots");
-                 QTest::qWait(500);
-                 scene.harness.controller().cancelActivity();
-                 Harness::eventually(
-                     [&scene] { return scene.harness.controller().stage() == Ui::Stage::Result; });
-             }},
-        {.name = "review", .prepare = review},
-        {.name = "review-small", .prepare = review, .size = {860, 560}},
-        {.name = "removed", .prepare = removeNotes},
+         .prepare = {scanHome, press(Qt::Key_F, Qt::ControlModifier), type("zebra")}},
+        {.name = "empty-folder", .prepare = {scan("Nothing in here")}},
+        {.name = "root-locked", .prepare = {startScanOfAll, wait(500), stop, until(hasResult)}},
+        {.name = "review",
+         .prepare = {scanHome, tickThree, press(Qt::Key_Delete), isTroubled},
+         .isAlsoSmall = true},
+        {.name = "removed", .prepare = {removeNotes}},
         {.name = "restored",
-         .prepare =
-             [](Scene& scene) {
-                 removeNotes(scene);
-                 scene.harness.press(Qt::Key_Z, Qt::ControlModifier);
-                 Harness::eventually([&scene] {
-                     return scene.harness.controller().banner().startsWith("Restored") &&
-                            scene.harness.controller().stage() == Ui::Stage::Result;
-                 });
-             }},
-        {.name = "failures",
-         .prepare =
-             [](Scene& scene) {
-                 scanHome(scene);
-                 scene.harness.click("showFailures");
-                 QTest::qWait(300);
-             },
-         .refused = "mail"},
-        {.name = "trouble", .prepare = scanHome, .refused = "mail"},
-        {.name = "purgeable",
-         .prepare =
-             [](Scene& scene) {
-                 scanHome(scene);
-                 scene.harness.controller().openPurgeable();
-                 QTest::qWait(300);
-             }},
-        {.name = "purgeable-none",
-         .prepare =
-             [](Scene& scene) {
-                 scene.harness.scan(scene.home.url("Music"));
-                 scene.harness.controller().openPurgeable();
-                 QTest::qWait(300);
-             }},
+         .prepare = {removeNotes, press(Qt::Key_Z, Qt::ControlModifier), isRestored}},
+        {.name = "failures", .prepare = {scanHome, click("showFailures")}, .refused = "mail"},
+        {.name = "trouble", .prepare = {scanHome}, .refused = "mail"},
+        {.name = "purgeable", .prepare = {scanHome, openPurgeable}},
+        {.name = "purgeable-none", .prepare = {scan("Music"), openPurgeable}},
     };
 }
 

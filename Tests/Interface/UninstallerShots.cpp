@@ -1,7 +1,4 @@
-#include "SampleHome.h"
 #include "Shot.h"
-
-#include <QTest>
 
 namespace tolvane {
 namespace {
@@ -39,84 +36,50 @@ void fillApplications(const TemporaryHome& home) {
     write(".config/autostart/org.example.Paint.desktop", 1);
 }
 
-void show(Scene& scene) {
-    scene.harness.showModule("Uninstaller");
-    Harness::eventually([&scene] { return uninstaller(scene).stage() == Ui::Stage::Result; });
-    QTest::qWait(300);
+bool isListed(Scene& scene) {
+    return uninstaller(scene).stage() == Ui::Stage::Result;
 }
 
-void choose(Scene& scene) {
-    show(scene);
-    uninstaller(scene).select(QString("org.example.Paint"));
-    Harness::eventually([&scene] { return !uninstaller(scene).detail()->isLoading(); });
-    QTest::qWait(300);
+bool isChecked(Scene& scene) {
+    return !uninstaller(scene).removal()->isChecking();
 }
 
-void review(Scene& scene) {
-    choose(scene);
-    scene.harness.click("uninstall");
-    Harness::eventually([&scene] { return !uninstaller(scene).removal()->isChecking(); });
-    QTest::qWait(300);
+bool isRemoved(Scene& scene) {
+    return uninstaller(scene).removal()->canUndo() && !uninstaller(scene).isLoading();
 }
 
-void remove(Scene& scene) {
-    review(scene);
-    scene.harness.click("reviewRemove");
-    Harness::eventually([&scene] {
-        return uninstaller(scene).removal()->canUndo() && !uninstaller(scene).isLoading();
-    });
-    QTest::qWait(300);
+Step choose(const QString& id) {
+    return all({[id](Scene& scene) { uninstaller(scene).select(id); },
+                until([](Scene& scene) { return !uninstaller(scene).detail()->isLoading(); })});
 }
 
 }
 
 Shots uninstallerShots() {
-    return {
-        {.name = "uninstaller-nothing", .prepare = show},
-        {.name = "uninstaller-working",
-         .prepare =
-             [](Scene& scene) {
-                 scene.harness.showModule("Uninstaller");
-                 Harness::eventually([&scene] { return scene.gate.isReached(); });
-                 QTest::qWait(1200);
-             },
-         .precede = fillApplications,
-         .heldAt = "Applications"},
-        {.name = "uninstaller-list", .prepare = show, .precede = fillApplications},
-        {.name = "uninstaller-detail", .prepare = choose, .precede = fillApplications},
-        {.name = "uninstaller-detail-small",
-         .prepare = choose,
-         .precede = fillApplications,
-         .size = {860, 560}},
-        {.name = "uninstaller-no-leftovers",
-         .prepare =
-             [](Scene& scene) {
-                 show(scene);
-                 uninstaller(scene).select(QString("org.example.markup"));
-                 QTest::qWait(300);
-             },
-         .precede = fillApplications},
-        {.name = "uninstaller-search-nothing",
-         .prepare =
-             [](Scene& scene) {
-                 show(scene);
-                 scene.harness.press(Qt::Key_F, Qt::ControlModifier);
-                 scene.harness.type("zebra");
-             },
-         .precede = fillApplications},
-        {.name = "uninstaller-menu",
-         .prepare =
-             [](Scene& scene) {
-                 choose(scene);
-                 scene.harness.press(Qt::Key_F, Qt::ControlModifier);
-                 scene.harness.press(Qt::Key_Return);
-                 scene.harness.press(Qt::Key_F10, Qt::ShiftModifier);
-                 QTest::qWait(300);
-             },
-         .precede = fillApplications},
-        {.name = "uninstaller-review", .prepare = review, .precede = fillApplications},
-        {.name = "uninstaller-removed", .prepare = remove, .precede = fillApplications},
-    };
+    const Step list = all({show("Uninstaller"), until(isListed), wait(300)});
+    const Step detail = all({list, choose("org.example.Paint"), wait(300)});
+    const Step review = all({detail, click("uninstall"), until(isChecked)});
+    const Step filter = press(Qt::Key_F, Qt::ControlModifier);
+    return after(
+        fillApplications,
+        {
+            {.name = "uninstaller-nothing",
+             .prepare = {list},
+             .precede = [](const TemporaryHome&) {}},
+            {.name = "uninstaller-working",
+             .prepare = {show("Uninstaller"), untilHeld},
+             .heldAt = "Applications"},
+            {.name = "uninstaller-list", .prepare = {list}},
+            {.name = "uninstaller-detail", .prepare = {detail}, .isAlsoSmall = true},
+            {.name = "uninstaller-no-leftovers", .prepare = {list, choose("org.example.markup")}},
+            {.name = "uninstaller-search-nothing", .prepare = {list, filter, type("zebra")}},
+            {.name = "uninstaller-menu",
+             .prepare = {detail, filter, press(Qt::Key_Return),
+                         press(Qt::Key_F10, Qt::ShiftModifier)}},
+            {.name = "uninstaller-review", .prepare = {review}},
+            {.name = "uninstaller-removed",
+             .prepare = {review, click("reviewRemove"), until(isRemoved)}},
+        });
 }
 
 }
