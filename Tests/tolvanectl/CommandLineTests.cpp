@@ -17,57 +17,36 @@ class CommandLine : public ProgramTest {};
 
 TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
     home.write("f");
-    for (const std::string words : {"",
-                                    "dance",
-                                    "scan",
-                                    "scan . .",
-                                    "scan . --bogus",
-                                    "scan . --depth -1",
-                                    "scan . --top many",
-                                    "scan . --set maxDepth",
-                                    "scan . --set maxDepth=1x",
-                                    "scan . --set maxDepth=-1",
-                                    "scan . --set maxDepth=99999999999999999999",
-                                    "scan . --set followsSymlinks=maybe",
-                                    "scan . --set nothing=1",
-                                    "scan . --size 10x10",
-                                    "scan . --svg p.svg --size 0x10",
-                                    "scan ''",
-                                    "scan . --svg ''",
-                                    "size",
-                                    "size f ''",
-                                    "apps now",
-                                    "leftovers",
-                                    "leftovers ''",
-                                    "leftovers a b",
-                                    "trash f",
-                                    "trash --within .",
-                                    "trash --within .. ''",
-                                    "trash --within '' f",
-                                    "access now",
-                                    "log --bytes -1",
-                                    "ports a b",
-                                    "ports --watch",
-                                    "kill",
-                                    "kill --yes",
-                                    "kill 0 --yes",
-                                    "kill 65536 --yes",
-                                    "kill http --yes",
-                                    "kill 1 --pid 1 --yes",
-                                    "kill --pid 1x --yes",
-                                    "kill 1",
-                                    "performance now",
-                                    "performance --limit -1",
-                                    "performance --limit x",
-                                    "maintenance",
-                                    "maintenance dance",
-                                    "maintenance ls dns",
-                                    "restore a b",
-                                    "restore ''"}) {
-        const CommandResult result = runIn("exec \"$@\" --json " + words, {});
-        EXPECT_EQ(result.status, 2) << words;
-        EXPECT_THAT(result.output, IsEmpty()) << words;
-        EXPECT_THAT(result.complaint, Not(IsEmpty())) << words;
+    using Words = std::vector<std::string>;
+    const std::vector<std::pair<std::string, Words>> refused{
+        {"", {"", "dance"}},
+        {"scan",
+         {"", ". .", ". --bogus", ". --depth -1", ". --top many", ". --set maxDepth",
+          ". --set maxDepth=1x", ". --set maxDepth=-1", ". --set maxDepth=99999999999999999999",
+          ". --set followsSymlinks=maybe", ". --set nothing=1", ". --size 10x10",
+          ". --svg p.svg --size 0x10", "''", ". --svg ''"}},
+        {"size", {"", "f ''"}},
+        {"apps", {"now"}},
+        {"leftovers", {"", "''", "a b"}},
+        {"trash", {"f", "--within .", "--within .. ''", "--within '' f"}},
+        {"access", {"now"}},
+        {"log", {"--bytes -1"}},
+        {"ports", {"a b", "--watch"}},
+        {"kill",
+         {"", "--yes", "0 --yes", "65536 --yes", "http --yes", "1 --pid 1 --yes", "--pid 1x --yes",
+          "1"}},
+        {"performance", {"now", "--limit -1", "--limit x"}},
+        {"maintenance", {"", "dance", "ls dns"}},
+        {"restore", {"a b", "''"}},
+    };
+    for (const auto& [command, lines] : refused) {
+        for (const std::string& line : lines) {
+            const std::string words = command + " " + line;
+            const CommandResult result = runIn("exec \"$@\" --json " + words, {});
+            EXPECT_EQ(result.status, 2) << words;
+            EXPECT_THAT(result.output, IsEmpty()) << words;
+            EXPECT_THAT(result.complaint, Not(IsEmpty())) << words;
+        }
     }
     EXPECT_TRUE(home.has("f"));
     EXPECT_THAT(run({}).complaint, StartsWith("A command is required\n"));

@@ -149,15 +149,7 @@ TEST_F(Duplicates, mistakesAndFailuresAreTold) {
 
 TEST_F(Duplicates, cancelledAreMarked) {
     writeTree();
-    // Inherited, the signal waits until the program takes it.
-    sigset_t blocked;
-    sigset_t before;
-    ::sigemptyset(&blocked);
-    ::sigaddset(&blocked, SIGINT);
-    ::pthread_sigmask(SIG_BLOCK, &blocked, &before);
-    const CommandResult result =
-        runIn("kill -INT $$; exec \"$@\"", {"--json", "duplicates", "/usr"});
-    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    const CommandResult result = runSignalled(SIGINT, {"--json", "duplicates", "/usr"});
     EXPECT_EQ(result.status, 130);
     EXPECT_EQ(result.json().at("cancelled"), true);
     EXPECT_EQ(result.json().at("groups"), json::array());

@@ -8,6 +8,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 
 namespace tolvane {
@@ -37,6 +38,17 @@ CommandResult ProgramTest::runIn(const std::string& script, const Arguments& arg
     words.insert(words.end(), arguments.begin(), arguments.end());
     const ProgramRun result = runProgram(words, environment, input);
     return {result.status, result.output, aside.read("complaints")};
+}
+
+CommandResult ProgramTest::runSignalled(int signal, const Arguments& arguments) const {
+    sigset_t blocked;
+    sigset_t before;
+    ::sigemptyset(&blocked);
+    ::sigaddset(&blocked, signal);
+    ::pthread_sigmask(SIG_BLOCK, &blocked, &before);
+    CommandResult result = runIn("kill -" + std::to_string(signal) + " $$; exec \"$@\"", arguments);
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    return result;
 }
 
 std::string ProgramTest::shownOnTerminal(int stream, const std::string& environment,

@@ -31,6 +31,8 @@ class ProgramTest : public ::testing::Test {
     /// The program by way of a shell script, in which "$@" stands for it and its arguments.
     CommandResult runIn(const std::string& script, const Arguments& arguments,
                         std::string_view input = {}) const;
+    /// The program with a signal on its way that it is given as soon as it takes signals.
+    CommandResult runSignalled(int signal, const Arguments& arguments) const;
     /// What the program writes to a terminal of 80 columns in place of `stream` (1 or 2).
     std::string shownOnTerminal(int stream, const std::string& environment,
                                 const Arguments& arguments) const;

@@ -200,19 +200,11 @@ TEST_F(Scan, printsThePartialResultOfACancelledScan) {
     home.write("tree/file", "content");
     home.makeLink("tree/again", ".");
     home.makeLink("tree/and again", ".");
-    for (const std::string signal : {"INT", "TERM"}) {
-        // Blocked it stays pending until the program waits for it.
-        sigset_t blocked;
-        sigset_t before;
-        ::sigemptyset(&blocked);
-        ::sigaddset(&blocked, signal == "INT" ? SIGINT : SIGTERM);
-        ::pthread_sigmask(SIG_BLOCK, &blocked, &before);
-        const std::string script = "kill -" + signal + " $$; exec \"$@\"";
+    for (const int signal : {SIGINT, SIGTERM}) {
         const CommandResult asJson =
-            runIn(script, {"--json", "scan", "tree", "--set", "followsSymlinks=true"});
+            runSignalled(signal, {"--json", "scan", "tree", "--set", "followsSymlinks=true"});
         const CommandResult asText =
-            runIn(script, {"scan", "tree", "--set", "followsSymlinks=true"});
-        ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+            runSignalled(signal, {"scan", "tree", "--set", "followsSymlinks=true"});
         EXPECT_EQ(asJson.status, 130);
         EXPECT_EQ(asJson.json().at("outcome"), "cancelled");
         EXPECT_EQ(asJson.json().at("root").at("path"), home.path("tree"));
