@@ -1,12 +1,10 @@
 #include <Support/ListeningProcess.h>
 #include <Support/MadeUpTool.h>
 
-#include <ControllerSupport/ControllerHome.h>
+#include <ControllerSupport/ControllerTest.h>
 #include <Controllers/PerformanceViewModel.h>
 #include <gmock/gmock.h>
 
-#include <QAbstractItemModelTester>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,7 +15,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 /// Made-up tools of every kind; those that stand for several tell which by "$@".
-class PerformanceViewModelTests : public testing::Test {
+class PerformanceViewModelTests : public ControllerTest<PerformanceViewModel> {
   protected:
     PerformanceViewModelTests() {
         HostLayout& layout = environment.layout;
@@ -39,11 +37,9 @@ class PerformanceViewModelTests : public testing::Test {
     void script(const char* name, const std::string& text) { madeUpTool(home, text, name); }
 
     PerformanceViewModel& start() {
-        controller = std::make_unique<PerformanceViewModel>(environment);
-        for (ListModel* const rows : {controller->processRows(), controller->maintenanceRows()}) {
-            testers.push_back(std::make_unique<QAbstractItemModelTester>(
-                rows, QAbstractItemModelTester::FailureReportingMode::Fatal));
-        }
+        ControllerTest::start();
+        watch(controller->processRows());
+        watch(controller->maintenanceRows());
         return *controller;
     }
     void settle() {
@@ -54,11 +50,6 @@ class PerformanceViewModelTests : public testing::Test {
         settle();
         return controller->banner();
     }
-
-    ControllerHome home;
-    Environment environment = home.environment();
-    std::unique_ptr<PerformanceViewModel> controller;
-    std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
 };
 
 TEST_F(PerformanceViewModelTests, showsWhatTheSamplersTell) {
@@ -214,17 +205,13 @@ TEST_F(PerformanceViewModelTests, canBeDestroyedAtAnyTime) {
     for (const char* const tool : {"ps", "flush", "prompt", "snapper"}) {
         script(tool, "true");
     }
-    const std::vector<const char*> keys{"dns", "purge", "snapshots", "own"};
-    for (std::size_t round = 0; round < 1000; ++round) {
-        PerformanceViewModel model(environment);
-        model.refreshAll();
-        model.runRow(keys[round % keys.size()]);
-        if (round % 3 == 0) {
-            model.cancelActivity();
-        } else if (round % 3 == 1) {
-            processEvents();
-        }
-    }
+    const auto run = [this](const char* key) { return [=, this] { controller->runRow(key); }; };
+    const auto cancel = [this] {
+        controller->runRow("dns");
+        controller->cancelActivity();
+    };
+    destroyAmidst([this] { start().refreshAll(); },
+                  {run("dns"), run("purge"), run("snapshots"), run("own"), cancel, processEvents});
 }
 
 TEST(MemoryHistoryTests, keepsToTheTime) {

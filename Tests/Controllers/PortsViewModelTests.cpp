@@ -1,14 +1,11 @@
 #include <Support/ListeningProcess.h>
 #include <Support/MadeUpTool.h>
 
-#include <ControllerSupport/ControllerHome.h>
+#include <ControllerSupport/ControllerTest.h>
 #include <Controllers/PortsViewModel.h>
 #include <gmock/gmock.h>
 
-#include <QAbstractItemModelTester>
-#include <QFile>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,15 +14,8 @@ namespace {
 
 using testing::ElementsAre;
 
-class PortsViewModelTests : public testing::Test {
+class PortsViewModelTests : public ControllerTest<PortsViewModel> {
   protected:
-    PortsViewModel& start() {
-        tester.reset();
-        controller = std::make_unique<PortsViewModel>(environment);
-        tester = std::make_unique<QAbstractItemModelTester>(
-            controller->rows(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-        return *controller;
-    }
     /// Has lsof be a script, which notes each of its runs.
     void useScript(const std::string& script) {
         environment.layout.tools.lsof =
@@ -53,21 +43,10 @@ class PortsViewModelTests : public testing::Test {
         }
         return ids;
     }
-    bool isLogged(const std::string& message) {
-        home.log.flush();
-        QFile file(QString::fromStdString(home.log.fileURL().path()));
-        return file.open(QIODevice::ReadOnly) &&
-               file.readAll().contains(" " + QByteArray::fromStdString(message) + "\n");
-    }
     static std::string idOf(const ListeningProcess& process) {
         return std::to_string(process.pid()) + "-" + std::to_string(process.ports().front()) +
                "-TCP";
     }
-
-    ControllerHome home;
-    Environment environment = home.environment();
-    std::unique_ptr<PortsViewModel> controller;
-    std::unique_ptr<QAbstractItemModelTester> tester;
 };
 
 TEST_F(PortsViewModelTests, findsAListenerAndEndsIt) {
@@ -93,8 +72,10 @@ TEST_F(PortsViewModelTests, findsAListenerAndEndsIt) {
     settle();
     EXPECT_THAT(process.awaitEnd(), ElementsAre(15));
     EXPECT_TRUE(controller->banner().startsWith("Sent SIGTERM to "));
-    EXPECT_TRUE(isLogged("ports kill pid=" + pid + " port=" +
-                         std::to_string(process.ports().front()) + " force=false tree=false"));
+    EXPECT_EQ(home.logged("ports kill pid=" + pid +
+                          " port=" + std::to_string(process.ports().front()) +
+                          " force=false tree=false" + "\n"),
+              1);
     waitUntil([this] { return controller->rows()->count() == 0; });
     EXPECT_EQ(controller->selectedID(), "") << "what is selected has gone";
 }
@@ -125,7 +106,7 @@ TEST_F(PortsViewModelTests, endsATreeAndAllAtOnce) {
     EXPECT_THAT(one.awaitEnd(), ElementsAre(9));
     EXPECT_THAT(other.awaitEnd(), ElementsAre(9));
     EXPECT_EQ(controller->banner(), "Signaled 2 process(es); 1 refused or gone");
-    EXPECT_TRUE(isLogged("ports kill all sent=2 failed=1 force=true"));
+    EXPECT_EQ(home.logged("ports kill all sent=2 failed=1 force=true\n"), 1);
     waitUntil([this] { return runs() == 2; });
 }
 
@@ -143,8 +124,9 @@ TEST_F(PortsViewModelTests, doesNotSignalAnotherProcessOfTheSameNumber) {
     controller->forceKill(QString::fromStdString(pid + "-80-TCP"));
     settle();
     EXPECT_EQ(controller->banner().toStdString(), "Process " + pid + " is no longer running");
-    EXPECT_TRUE(
-        isLogged("ports kill failed pid=" + pid + ": Process " + pid + " is no longer running"));
+    EXPECT_EQ(home.logged("ports kill failed pid=" + pid + ": Process " + pid +
+                          " is no longer running" + "\n"),
+              1);
     EXPECT_THAT(process.running(), ElementsAre(process.pid()));
 }
 
@@ -161,7 +143,7 @@ TEST_F(PortsViewModelTests, keepsWhatItHasWhenAScanFails) {
     useScript("echo '<b>no</b> permission' >&2; exit 3");
     refresh();
     EXPECT_EQ(controller->banner(), "lsof failed: <b>no</b> permission");
-    EXPECT_TRUE(isLogged("ports scan failed: lsof failed: <b>no</b> permission"));
+    EXPECT_EQ(home.logged("ports scan failed: lsof failed: <b>no</b> permission\n"), 1);
     EXPECT_THAT(ids(), ElementsAre("70-80-TCP", "71-81-TCP"));
     EXPECT_EQ(controller->selectedID(), "71-81-TCP");
 
@@ -221,30 +203,17 @@ TEST_F(PortsViewModelTests, waitsForAToolThatHangsAndEndsItWithItself) {
     controller->refresh();
     waitUntil([&] { return std::stoi("0" + home.read("pid")) > pid; });
     const std::int32_t next = std::stoi(home.read("pid"));
-    tester.reset();
-    controller.reset();
+    stop();
     EXPECT_TRUE(ListeningProcess::endsSoon(next));
 }
 
 TEST_F(PortsViewModelTests, canBeDestroyedAtAnyTime) {
     tell("p1\nca\nPTCP\nn*:80\n");
-    for (int round = 0; round < 1000; ++round) {
-        PortsViewModel model(environment);
-        model.refresh();
-        switch (round % 4) {
-        case 0:
-            model.stopWaiting();
-            break;
-        case 1:
-            model.kill({1, "a", {}, 80, {}, "TCP"}, true, round % 8 == 1);
-            break;
-        case 2:
-            processEvents();
-            break;
-        default:
-            break;
-        }
-    }
+    const auto kill = [this](bool includeChildren) {
+        return [=, this] { controller->kill({1, "a", {}, 80, {}, "TCP"}, true, includeChildren); };
+    };
+    destroyAmidst([this] { start().refresh(); }, {[this] { controller->stopWaiting(); }, kill(true),
+                                                  processEvents, [] {}, kill(false)});
 }
 
 }

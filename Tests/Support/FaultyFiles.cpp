@@ -1,5 +1,7 @@
 #include <Support/FaultyFiles.h>
 
+#include <cerrno>
+
 namespace tolvane {
 namespace {
 
@@ -71,6 +73,14 @@ FaultyFiles::openDirectory(const FileURL& url, const Listing& listing) const {
     }
     return files_->openDirectory(url, listing).map([&](std::unique_ptr<Directory> opened) {
         return std::unique_ptr<Directory>(new FaultyDirectory(std::move(opened), url, *this));
+    });
+}
+
+std::shared_ptr<const FileManager> refusing(std::shared_ptr<const FileManager> files,
+                                            std::string name) {
+    return std::make_shared<FaultyFiles>(std::move(files), [name = std::move(name)](
+                                                               FileOperation, const FileURL& url) {
+        return url.lastPathComponent() == name ? std::optional(SystemError{EACCES}) : std::nullopt;
     });
 }
 

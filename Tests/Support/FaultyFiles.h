@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace tolvane {
 
@@ -49,5 +50,9 @@ class FaultyFiles : public FileManager {
     std::shared_ptr<const FileManager> files_;
     Fault fault_;
 };
+
+/// Refuses to read what bears this name.
+std::shared_ptr<const FileManager> refusing(std::shared_ptr<const FileManager> files,
+                                            std::string name);
 
 }
