@@ -6,7 +6,6 @@
 #include <Controllers/ShownText.h>
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <set>
 
 namespace tolvane {
@@ -134,12 +133,7 @@ TEST_F(FolderSheetTests, saysWhyAFolderCannotBeListed) {
     home.makeFolder("locked/inside");
     home.makeFolder("empty");
     Harness harness(home, {.files = [](std::shared_ptr<const FileManager> files) {
-                        return std::make_shared<FaultyFiles>(
-                            std::move(files), [](FileOperation, const FileURL& url) {
-                                return url.lastPathComponent() == "locked"
-                                           ? std::optional(SystemError{EACCES})
-                                           : std::nullopt;
-                            });
+                        return refusing(std::move(files), "locked");
                     }});
     ask(harness, home.url());
     harness.doubleClick(harness.find("folderRow1"));
