@@ -25,26 +25,6 @@ std::vector<std::string> described(const HostLayout& layout) {
     return lines;
 }
 
-TEST(HostLayout, ofDarwinHoldsItsPlaces) {
-    const HostLayout layout = HostLayout::darwin(FileURL("/Users/ada"));
-    EXPECT_THAT(described(layout),
-                ElementsAre("/Users/ada", "/Users/ada/Library", "/Users/ada/Downloads",
-                            "/Users/ada/Library/Preferences/Tolvane.plist", "/Users/ada/.Trash",
-                            "TCC.db | /Library/Application Support/com.apple.TCC/TCC.db",
-                            "Mail | /Users/ada/Library/Mail",
-                            "Safari history | /Users/ada/Library/Safari/History.db",
-                            "Home | house | /Users/ada",
-                            "Downloads | arrow.down.circle | /Users/ada/Downloads",
-                            "Applications | square.grid.2x2 | /Applications",
-                            "Library | books.vertical | /Users/ada/Library",
-                            "Macintosh HD | internaldrive | /"));
-    EXPECT_FALSE(layout.locations.purgeableFolder) << "the system marks files itself";
-    EXPECT_EQ(layout.tools.lsof.path(), "/usr/sbin/lsof");
-    EXPECT_EQ(layout.tools.processTree, (Tool{FileURL("/bin/ps"), {"-axo", "pid=,ppid="}}));
-    EXPECT_TRUE(layout.protection.additionalPrefixes.empty());
-    EXPECT_TRUE(layout.protection.additionalExactPaths.empty());
-}
-
 TEST(HostLayout, ofFreedesktopHoldsItsPlaces) {
     const HostLayout layout = HostLayout::freedesktop(FileURL("/home/ada"), {});
     EXPECT_THAT(

@@ -160,48 +160,5 @@ TEST_F(JobTest, mayBeDestroyedOrRestartedByItsOwnHandler) {
     EXPECT_THAT(outcomes, ElementsAre(1, 2));
 }
 
-/// An owner like a controller: its handlers touch it, so a late call would be a use after free.
-struct Owner {
-    explicit Owner(Workers& workers, int& arrivals)
-        : job(
-              workers, 0, [this](int value) { latest = value; },
-              [this, &arrivals](int value) {
-                  latest = value;
-                  ++arrivals;
-              }) {}
-
-    int latest = 0;
-    Numbers job;
-};
-
-TEST_F(JobTest, survivesAThousandRoundsOfStartCancelAndDestroy) {
-    int arrivals = 0;
-    int expected = 0;
-    for (int round = 0; round < 1000; ++round) {
-        const auto owner = std::make_unique<Owner>(workers, arrivals);
-        for (int start = 0; start <= round % 2; ++start) {
-            owner->job.start([](const Report<int>& report, const IsCancelled& isCancelled) {
-                int i = 1;
-                for (; i < 64 && !isCancelled(); ++i) {
-                    report(i);
-                }
-                return i;
-            });
-        }
-        if (round % 3 == 0) {
-            owner->job.cancel();
-        }
-        if (round % 5 == 0) {
-            drainUntil([&] { return !owner->job.isRunning(); });
-            EXPECT_GT(owner->latest, 0);
-        } else if (round % 7 == 0) {
-            workers.drain();
-        }
-        expected += owner->job.isRunning() ? 0 : 1;
-    }
-    workers.drain();
-    EXPECT_EQ(arrivals, expected);
-}
-
 }
 }
