@@ -44,7 +44,7 @@ struct MemoryCounters {
     std::int32_t pressureLevel = 1;
 };
 
-/// The counters that this machine keeps of itself. Callable from any thread.
+/// What this machine has, and the counters that it keeps of itself. Callable from any thread.
 class Machine {
   public:
     /// Absent when the system does not tell.
@@ -58,6 +58,8 @@ class Machine {
     /// Gives memory that the allocator holds free back to the system, as much as possible; returns
     /// by how many bytes this process became smaller.
     static Bytes releaseAllocatorPages(const HostLayout::Sources& sources);
+    /// Whether there is a graphics processor that this user may draw with.
+    static bool hasGraphicsProcessor(const HostLayout::Sources& sources);
 };
 
 }

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <sstream>
 #include <vector>
 
@@ -100,6 +101,18 @@ TEST_F(MadeUpMachine, tellsTheLabelsOfItsVolumes) {
     EXPECT_EQ(mount(home.makeLink("dev/mapper", device).path()), "My \xFF\\x2");
     EXPECT_EQ(mount("overlay"), std::nullopt);
     EXPECT_EQ(mount(home.path("dev/none")), std::nullopt);
+}
+
+TEST_F(MadeUpMachine, tellsWhetherItHasAGraphicsProcessor) {
+    const auto isKnownBy = [&](const std::string& device) {
+        home.write("dev/" + device);
+        const bool isKnown = Machine::hasGraphicsProcessor(sources);
+        std::filesystem::remove(home.path("dev/" + device));
+        return isKnown;
+    };
+    EXPECT_FALSE(Machine::hasGraphicsProcessor(sources)) << "without any device";
+    EXPECT_FALSE(isKnownBy("dri/card0")) << "it only shows pictures";
+    EXPECT_TRUE(isKnownBy("dri/renderD128") && isKnownBy("nvidiactl") && isKnownBy("dxg"));
 }
 
 TEST_F(MadeUpMachine, givesFreeMemoryBack) {

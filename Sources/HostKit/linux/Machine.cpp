@@ -111,4 +111,22 @@ Bytes Machine::releaseAllocatorPages(const HostLayout::Sources& sources) {
 #endif
 }
 
+bool Machine::hasGraphicsProcessor(const HostLayout::Sources& sources) {
+    const auto isUsable = [](const FileURL& device) {
+        return ::access(device.path().c_str(), R_OK | W_OK) == 0;
+    };
+    // The nodes of drivers that can do more than show a picture (Documentation/gpu/drm-uapi.rst).
+    const FileURL nodes = sources.dev.appending("dri");
+    std::error_code error;
+    std::filesystem::directory_iterator entry(nodes.path(), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        const std::string name = entry->path().filename().native();
+        if (name.starts_with("renderD") && isUsable(nodes.appending(name))) {
+            return true;
+        }
+    }
+    // Drivers that have none: Nvidia's own, and that of Linux inside Windows.
+    return isUsable(sources.dev.appending("nvidiactl")) || isUsable(sources.dev.appending("dxg"));
+}
+
 }

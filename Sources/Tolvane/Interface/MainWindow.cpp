@@ -54,4 +54,10 @@ void MainWindow::prepareApplication() {
     QGuiApplication::setFont(interfaceFont());
 }
 
+void MainWindow::drawWithoutGraphicsProcessor() {
+    if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    }
+}
+
 }

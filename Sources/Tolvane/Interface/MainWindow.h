@@ -23,6 +23,9 @@ class MainWindow {
 
     /// What must be said to Qt before the first window is made: style, font, names.
     static void prepareApplication();
+    /// Has this program draw, not the libraries that stand in for a graphics processor: they take
+    /// twice the memory and time. Before the first window; what the user chose for Qt counts more.
+    static void drawWithoutGraphicsProcessor();
 
   private:
     QQmlApplicationEngine engine_;

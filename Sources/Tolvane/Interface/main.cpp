@@ -1,4 +1,5 @@
 #include <HostKit/CrashReporter.h>
+#include <HostKit/Machine.h>
 #include <HostKit/Text.h>
 #include <Services/Diagnostics.h>
 #include <Services/SignalWatch.h>
@@ -100,6 +101,9 @@ int showWindow(char** arguments, const std::optional<std::string>& named) {
     const QGuiApplication application(count, arguments);
     qInstallMessageHandler(usual);
     MainWindow::prepareApplication();
+    if (!Machine::hasGraphicsProcessor(layout.sources)) {
+        MainWindow::drawWithoutGraphicsProcessor();
+    }
     DesktopWorkspace workspace(layout.locations);
     TolvaneApp app(
         {layout, files, systemTrash(layout), workspace, {TOLVANE_VERSION, TOLVANE_BUILD}});
