@@ -209,19 +209,6 @@ TEST(FileTreeScanner, startsAfreshWithEveryScan) {
     EXPECT_NE(second.id(), first);
 }
 
-TEST(FileTreeScanner, publishesTheTwoOptionSets) {
-    const std::vector<std::string>& excluded = FileTreeScanner::defaultExcludedPrefixes();
-    EXPECT_THAT(excluded,
-                ElementsAre("/System/Volumes", "/Volumes", "/private/var/vm", "/dev", "/Network",
-                            "/cores", "/.Spotlight-V100", "/.fseventsd", "/.Trashes"));
-    const ScanOptions full{false, false,  true,   false,   256,   512,
-                           32,    150000, 250000, 1048576, 50000, excluded};
-    const ScanOptions detailed{false, false,  true,   false,   256,   512,
-                               8192,  200000, 120000, 1048576, 60000, excluded};
-    EXPECT_EQ(fullScanOptions(excluded), full);
-    EXPECT_EQ(detailedScanOptions(excluded), detailed);
-}
-
 TEST(FileTreeScanner, measuresRealFilesByTheirBlocks) {
     const TemporaryHome home;
     home.write("d/data", std::string(5000, 'x'));

@@ -4,7 +4,7 @@
 #include <Support/RemovalHome.h>
 #include <Support/TreeState.h>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -18,7 +18,6 @@ namespace tolvane {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::IsEmpty;
 using Paths = std::vector<std::string>;
 using Receipts = std::vector<RemovalReceipt>;
 
@@ -93,15 +92,6 @@ struct Model {
     /// Keyed by the name in the Trash.
     std::map<std::string, Trashed> trash;
 };
-
-/// What is in one of two states only, or not the same in both.
-template <class State>
-std::vector<typename State::value_type> difference(const State& found, const State& expected) {
-    std::vector<typename State::value_type> entries;
-    std::set_symmetric_difference(found.begin(), found.end(), expected.begin(), expected.end(),
-                                  std::back_inserter(entries));
-    return entries;
-}
 
 std::string nameInTrash(const RemovalReceipt& receipt) {
     return std::string(receipt.trashed.lastPathComponent());
@@ -255,7 +245,7 @@ class RandomRemovals : public testing::Test {
     }
 
     void check() const {
-        ASSERT_THAT(difference(treeState(root), model.tree), IsEmpty());
+        ASSERT_EQ(treeState(root), model.tree);
         TreeState expected;
         std::map<std::string, std::string> places;
         for (const auto& [name, item] : model.trash) {
@@ -267,12 +257,12 @@ class RandomRemovals : public testing::Test {
         }
         const TreeState inTrash =
             fs::exists(trash + "/files") ? treeState(trash + "/files") : TreeState{};
-        ASSERT_THAT(difference(inTrash, expected), IsEmpty());
+        ASSERT_EQ(inTrash, expected);
         std::map<std::string, std::string> recorded;
         for (const RemovalReceipt& receipt : home.receiptsFromTrash()) {
             recorded[nameInTrash(receipt)] = pathOf(receipt.original);
         }
-        ASSERT_THAT(difference(recorded, places), IsEmpty());
+        ASSERT_EQ(recorded, places);
     }
 
     RemovalHome home;
