@@ -93,11 +93,5 @@ TEST_F(Check, passesThroughEveryStageWhenCancelled) {
     EXPECT_EQ(run(options, 2).apps.size(), 2U);
 }
 
-TEST_F(Check, takesAMissingFolderForDuplicatesAsEmpty) {
-    const BrightpassReport report = run({{}, home.url("missing"), false});
-    ASSERT_TRUE(report.duplicates);
-    EXPECT_THAT(report.duplicates->groups, IsEmpty());
-}
-
 }
 }

@@ -236,23 +236,5 @@ TEST_F(RemovalTest, mayBeDestroyedByWhomItTells) {
     EXPECT_EQ(removal, nullptr);
 }
 
-TEST_F(RemovalTest, isSilentOnceDestroyed) {
-    for (int round = 0; round < 100; ++round) {
-        const FileURL item = home.write("chosen/" + std::to_string(round));
-        SetUp();
-        review({item});
-        if (round % 3 != 0) {
-            removal->remove({{{item}, {chosen}}});
-        }
-        if (round % 2 == 0) {
-            processEvents();
-        }
-        calls.clear();
-        removal.reset();
-        processEvents();
-        ASSERT_THAT(calls, IsEmpty());
-    }
-}
-
 }
 }

@@ -34,21 +34,26 @@ std::string known(const UserDefaults& defaults) {
     return names;
 }
 
-TEST(UserDefaults, comeBackAtTheNextStart) {
-    const TemporaryHome home;
-    const FileURL file = home.url("config/Tolvane/Tolvane.conf");
-    {
+class Defaults : public testing::Test {
+  protected:
+    /// Stores what `fill` sets.
+    void store() const {
         UserDefaults defaults(file);
         EXPECT_EQ(known(defaults), "");
         fill(defaults);
         EXPECT_EQ(known(defaults), "view flag map path ");
     }
+
+    const TemporaryHome home;
+    const FileURL file = home.url("config/settings.conf");
+};
+
+TEST_F(Defaults, comeBackAtTheNextStart) {
+    store();
     EXPECT_EQ(known(UserDefaults(file)), "view flag map path ");
 }
 
-TEST(UserDefaults, keepPathsByteForByte) {
-    const TemporaryHome home;
-    const FileURL file = home.url("settings.conf");
+TEST_F(Defaults, keepPathsByteForByte) {
     std::vector<std::string> names = oddNames();
     std::string everyByte;
     for (int byte = 1; byte < 256; ++byte) {
@@ -62,18 +67,13 @@ TEST(UserDefaults, keepPathsByteForByte) {
     }
 }
 
-TEST(UserDefaults, surviveATruncatedFile) {
-    const TemporaryHome home;
-    const FileURL file = home.url("settings.conf");
-    {
-        UserDefaults defaults(file);
-        fill(defaults);
-    }
-    const std::string whole = home.read("settings.conf");
+TEST_F(Defaults, surviveATruncatedFile) {
+    store();
+    const std::string whole = home.read("config/settings.conf");
     const QVariantMap map = UserDefaults(file).map("scanStats.files");
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const std::string left = whole.substr(0, length);
-        home.write("settings.conf", left);
+        home.write("config/settings.conf", left);
         UserDefaults defaults(file);
         EXPECT_EQ(defaults.flag("autoRun"), left.find("autoRun=true") != std::string::npos) << left;
         const QVariantMap found = defaults.map("scanStats.files");
@@ -85,16 +85,15 @@ TEST(UserDefaults, surviveATruncatedFile) {
     }
 }
 
-TEST(UserDefaults, takeValuesOfOtherTypesForAbsent) {
-    const TemporaryHome home;
-    const FileURL file = home.write("settings.conf", "[General]\n"
-                                                     "spaceAnalysisView=a, list\n"
-                                                     "autoRun=perhaps\n"
-                                                     "scanStats.files=12\n"
-                                                     "lastScanPath=@Variant(\\0\\0\\0\\b\\xff)\n"
-                                                     "no value\n"
-                                                     "=\n\xff\xfe[\n%%%=1\n[General\n"
-                                                     "good=value\n");
+TEST_F(Defaults, takeValuesOfOtherTypesForAbsent) {
+    home.write("config/settings.conf", "[General]\n"
+                                       "spaceAnalysisView=a, list\n"
+                                       "autoRun=perhaps\n"
+                                       "scanStats.files=12\n"
+                                       "lastScanPath=@Variant(\\0\\0\\0\\b\\xff)\n"
+                                       "no value\n"
+                                       "=\n\xff\xfe[\n%%%=1\n[General\n"
+                                       "good=value\n");
     const UserDefaults defaults(file);
     EXPECT_EQ(defaults.text("spaceAnalysisView"), std::nullopt);
     EXPECT_FALSE(defaults.flag("autoRun"));
@@ -105,8 +104,7 @@ TEST(UserDefaults, takeValuesOfOtherTypesForAbsent) {
     EXPECT_EQ(known(UserDefaults(home.url("noise.conf"))), "");
 }
 
-TEST(UserDefaults, workWhereNothingCanBeStored) {
-    const TemporaryHome home;
+TEST_F(Defaults, workWhereNothingCanBeStored) {
     home.makeFolder("folder.conf");
     home.makeFolder("\xff");
     ASSERT_EQ(::mkfifo(home.path("pipe.conf").c_str(), 0600), 0);
@@ -120,14 +118,8 @@ TEST(UserDefaults, workWhereNothingCanBeStored) {
     EXPECT_FALSE(home.has("\ufffd")) << "another folder than the one named";
 }
 
-TEST(UserDefaults, leaveAReadOnlyFileAsItIs) {
-    const TemporaryHome home;
-    const FileURL file = home.url("config/settings.conf");
-    home.makeFolder("config");
-    {
-        UserDefaults defaults(file);
-        fill(defaults);
-    }
+TEST_F(Defaults, leaveAReadOnlyFileAsItIs) {
+    store();
     const std::string before = home.read("config/settings.conf");
     giveToOrdinaryUser(home.path(""));
     ASSERT_EQ(::chmod(home.path("config").c_str(), 0500), 0);

@@ -1,7 +1,6 @@
 #include <Services/CountFormat.h>
 #include <Services/NotCounted.h>
 #include <Services/PurgeResult.h>
-#include <Services/QuickLocation.h>
 #include <Services/ReviewItem.h>
 #include <Services/ThinningTarget.h>
 #include <Services/Throttle.h>
@@ -22,16 +21,6 @@ TEST(Throttle, letsOneEventThroughPerInterval) {
     EXPECT_TRUE(throttle.allow(0.125)) << "the refused one does not count";
     EXPECT_FALSE(throttle.allow(0.125));
     EXPECT_TRUE(throttle.allow(0));
-}
-
-TEST(QuickLocation, listsThePlacesOfTheLayoutInOrder) {
-    HostLayout layout;
-    layout.quickLocations = {{"Home", "house", FileURL("/h")}, {"Disk", "drive", FileURL("/")}};
-    const std::vector<QuickLocation> locations = quickLocations(layout);
-    ASSERT_EQ(locations.size(), 2U);
-    EXPECT_EQ(locations[0].title + locations[0].symbol, "Homehouse");
-    EXPECT_EQ(locations[1].url, FileURL("/"));
-    EXPECT_NE(locations[0].id, locations[1].id);
 }
 
 TEST(ReviewItem, describesAScannedNodeWithAllBelowIt) {
