@@ -16,7 +16,10 @@ enum class Pipes : std::uint8_t {
     /// Both as they come, so that a tool may write any amount to either.
     readWhileRunning,
     /// Once the tool has ended. One that writes more than a pipe holds never does.
-    readAfterExit
+    readAfterExit,
+    /// The same, but only what stands in them by then: for a tool that leaves a program running
+    /// which keeps them open.
+    takeAfterExit
 };
 
 /// One run of a tool.

@@ -24,6 +24,16 @@ struct AdministratorPrompt {
     Tool tool;
 };
 
+/// What keeps one kind of index of the contents of the user's files.
+struct ContentIndex {
+    /// Is there where this kind of index is; its command may be there without.
+    FileURL mark;
+    /// Deletes the index. A program that it starts may keep its streams open.
+    Tool reset;
+    /// Has the index made anew; absent where `reset` does that as well.
+    std::optional<Tool> start = std::nullopt;
+};
+
 /// What the maintenance of a system is done with.
 struct MaintenanceTools {
     /// What an administrator's shell starts where the prompt takes a shell command.
@@ -37,9 +47,9 @@ struct MaintenanceTools {
     Tool rebuildRegistry;
     /// Created before that when it is missing.
     std::optional<FileURL> registryFolder = std::nullopt;
-    /// Start over the user's index of file contents, without a prompt; the first one is run that is
-    /// there. Empty where an administrator starts over that of a volume.
-    std::vector<Tool> reindex = {};
+    /// Of which the first one that is there is started over, without a prompt. Empty where an
+    /// administrator starts over the index of a volume.
+    std::vector<ContentIndex> indexes = {};
     /// Run before `purge`, whatever comes of it.
     std::optional<Tool> beforePurge = std::nullopt;
     /// Empties the system's disk buffers, as an administrator.

@@ -78,12 +78,21 @@ ToolResult runAsAdministrator(const AdministratorPrompt& prompt, const std::stri
     return result;
 }
 
-/// The first tool that is there; where none is, the first, whose start then tells so.
-const Tool& firstInstalled(const std::vector<Tool>& tools) {
-    const auto found = std::find_if(tools.begin(), tools.end(), [](const Tool& tool) {
-        return isExecutableFile(tool.executable);
+/// The first index that is there; where none is, the first, whose tool then tells so.
+const ContentIndex& firstInstalled(const std::vector<ContentIndex>& indexes) {
+    const auto found = std::find_if(indexes.begin(), indexes.end(), [](const ContentIndex& index) {
+        return isExecutableFile(index.mark);
     });
-    return found == tools.end() ? tools.front() : *found;
+    return found == indexes.end() ? indexes.front() : *found;
+}
+
+ToolResult startOver(const ContentIndex& index, Seconds timeout,
+                     const std::function<bool()>& isCancelled) {
+    ToolResult result = run({.tool = index.reset,
+                             .pipes = Pipes::takeAfterExit,
+                             .timeout = timeout,
+                             .isCancelled = isCancelled});
+    return result.status == 0 && index.start ? runTool(*index.start, timeout, isCancelled) : result;
 }
 
 std::string quoted(std::string_view text) {
@@ -157,10 +166,11 @@ MaintenanceOutcome MaintenanceService::thinLocalSnapshots(const std::string& vol
 
 MaintenanceOutcome MaintenanceService::reindexSpotlight(const std::string& volume,
                                                         const StopTest& isCancelled) const {
+    constexpr Seconds timeout = 120;
     const ToolResult result =
-        tools_.reindex.empty()
-            ? runAsAdministrator(tools_.prompt, spotlightCommand(volume), {}, 120, isCancelled)
-            : runTool(firstInstalled(tools_.reindex), 120, isCancelled);
+        tools_.indexes.empty()
+            ? runAsAdministrator(tools_.prompt, spotlightCommand(volume), {}, timeout, isCancelled)
+            : startOver(firstInstalled(tools_.indexes), timeout, isCancelled);
     return administratorOutcome(result,
                                 {"Spotlight index rebuild started for " + displayText(volume) +
                                      ". This can take several minutes.",

@@ -37,7 +37,7 @@ class MaintenanceService {
                                           std::int32_t urgency,
                                           const StopTest& isCancelled = {}) const;
     /// Has the index of file contents made anew; asks an administrator where the index is one of
-    /// the volume and not of the user. At most 120 s.
+    /// the volume and not of the user. At most 120 s for each of its tools.
     MaintenanceOutcome reindexSpotlight(const std::string& volume,
                                         const StopTest& isCancelled = {}) const;
     /// Asks an administrator to empty the disk buffers; at most 90 s.

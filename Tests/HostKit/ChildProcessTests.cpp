@@ -69,7 +69,8 @@ TEST_F(ChildProcess, tellsHowAToolEndedAndWhatItWrote) {
     ::sigaddset(&signals, SIGTERM);
     ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
     for (const Case& each : cases) {
-        for (const Pipes pipes : {Pipes::readWhileRunning, Pipes::readAfterExit}) {
+        for (const Pipes pipes :
+             {Pipes::readWhileRunning, Pipes::readAfterExit, Pipes::takeAfterExit}) {
             const ToolResult result = runScript(each.script, pipes, watchdog.count());
             EXPECT_EQ(result.status, each.status) << each.script;
             EXPECT_EQ(result.output, each.output) << each.script;
@@ -122,6 +123,8 @@ TEST_F(ChildProcess, endsWithTheTimeOutWhateverTheToolDoes) {
             EXPECT_LT(SteadyClock::now() - start, watchdog) << script;
         }
     }
+    const char* const script = "sleep 15 & echo done; exit 0";
+    EXPECT_EQ(runScript(script, Pipes::takeAfterExit, 5).output, "done\n") << "nor for others";
     EXPECT_TRUE(leavesNoChild());
 }
 

@@ -36,8 +36,11 @@ class Maintenance : public ::testing::Test {
         tools.prompt.tool.executable = tools.flushResolver.executable =
             tools.rebuildRegistry.executable = layout.snapshots.system.list.executable = tool;
         tools.beforePurge.reset();
-        for (Tool& each : tools.reindex) {
-            each.executable = tool;
+        for (ContentIndex& index : tools.indexes) {
+            index.mark = index.reset.executable = tool;
+            if (index.start) {
+                index.start->executable = tool;
+            }
         }
         return layout;
     }
@@ -114,10 +117,13 @@ TEST_F(Maintenance, preparesWhatItsToolsNeed) {
     HostLayout layout = freedesktop("[ -d \"$1\" ] || exit 1");
     EXPECT_EQ(outcome(rebuild, layout), "+Rebuilt the Launch Services database for this user.");
     EXPECT_TRUE(home.has(".local/share/applications")) << "made when it was missing";
-    layout.maintenance.reindex[0].executable = home.url("none");
-    layout.maintenance.reindex[1].executable = madeUpTool(home, "echo second >&2; exit 1");
-    EXPECT_EQ(outcome(reindex, layout), "second") << "the first that is there";
     const std::string file = home.path("written");
+    layout.maintenance.indexes[0].mark = home.url("none");
+    madeUpTool(home, "echo $0 \"$@\" >>" + file);
+    EXPECT_EQ(outcome(reindex, layout).front(), '+');
+    const std::string tool = home.path("tool");
+    EXPECT_EQ(home.read("written"), tool + " reset --filesystem\n" + tool + " daemon --start\n")
+        << "an indexer that has ended is started again";
     layout.maintenance.prompt.tool = {madeUpTool(home, "cat " + file + " >&2; exit 1"), {}};
     layout.maintenance.beforePurge =
         Tool{madeUpTool(home, "echo written >" + file + "; exit 7", "sync"), {}};

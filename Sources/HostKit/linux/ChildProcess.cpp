@@ -173,6 +173,10 @@ class Stream {
     bool isOpen() const { return descriptor_.isOpen(); }
     /// Of a closed stream nothing is asked, as -1 tells `poll`.
     pollfd interest() const { return {.fd = descriptor_.number(), .events = POLLIN, .revents = 0}; }
+    bool hasMore() const {
+        pollfd waiting = interest();
+        return ::poll(&waiting, 1, 0) > 0;
+    }
     void read() {
         std::array<char, 65'536> piece{};
         const ssize_t count = ::read(descriptor_.number(), piece.data(), piece.size());
@@ -224,6 +228,16 @@ class Child {
             }
         }
         return true;
+    }
+
+    /// Reads what stands in both streams, whoever still holds them. A pipe holds no more than is
+    /// read at once.
+    void takeRest() {
+        for (Stream* const stream : {&output_, &message_}) {
+            if (stream->hasMore()) {
+                stream->read();
+            }
+        }
     }
 
     /// Waits for the tool's end; false when a limit was reached before.
@@ -300,6 +314,21 @@ class Child {
     std::int32_t status_ = 0;
 };
 
+/// Until the tool has ended and said all; false when a limit was reached before.
+bool finish(Child& child, Pipes pipes, Limits& limits) {
+    if (pipes == Pipes::readWhileRunning) {
+        return child.readAll(limits) && child.awaitEnd(limits);
+    }
+    if (!child.awaitEnd(limits)) {
+        return false;
+    }
+    if (pipes == Pipes::readAfterExit) {
+        return child.readAll(limits);
+    }
+    child.takeRest();
+    return true;
+}
+
 }
 
 ToolResult run(const ToolRun& run) {
@@ -312,10 +341,7 @@ ToolResult run(const ToolRun& run) {
     if (const Result<void, SystemError> started = child.start(run.tool); !started) {
         return {ToolResult::notStarted, "", started.error().message()};
     }
-    const bool isDone = run.pipes == Pipes::readWhileRunning
-                            ? child.readAll(limits) && child.awaitEnd(limits)
-                            : child.awaitEnd(limits) && child.readAll(limits);
-    if (isDone) {
+    if (finish(child, run.pipes, limits)) {
         return child.result();
     }
     ToolResult result = limits.result();
