@@ -15,19 +15,26 @@ Item {
             }
         }
     }
-    DataTable {
-        id: table
+    ScrollPage {
+        id: page
 
-        width: 610
-        height: 400
-        model: rows
-        sortKey: 7
-        isDescending: true
-        accessibleRole: "name"
+        anchors.fill: parent
+        contentHeight: 1000
 
-        DataColumn { id: nameColumn; title: "Name"; role: "name"; sortKey: 3; fills: true; minimumWidth: 100 }
-        DataColumn { id: sizeColumn; title: "Size"; role: "sizeText"; sortKey: 7; width: 120; isFigure: true }
-        DataColumn { title: "Plain"; role: "name"; width: 80 }
+        DataTable {
+            id: table
+
+            width: 610
+            height: 400
+            model: rows
+            sortKey: 7
+            isDescending: true
+            accessibleRole: "name"
+
+            DataColumn { id: nameColumn; title: "Name"; role: "name"; sortKey: 3; fills: true; minimumWidth: 100 }
+            DataColumn { id: sizeColumn; title: "Size"; role: "sizeText"; sortKey: 7; width: 120; isFigure: true }
+            DataColumn { title: "Plain"; role: "name"; width: 80 }
+        }
     }
     SignalSpy { id: sorts; target: table; signalName: "sortRequested" }
     SignalSpy { id: clicks; target: table; signalName: "rowClicked" }
@@ -123,14 +130,17 @@ Item {
             compare([table.currentIndex, menus.signalArguments[0][0], menus.signalArguments[0][1]], [5, 5, 50]);
         }
 
-        function test_theWheelStopsAtBothEnds() {
+        function test_theWheelStopsAtBothEndsAndThenTurnsThePage() {
             const top = list.contentY;
             mouseWheel(list, 50, 50, 0, 120);
             compare(list.contentY, top);
             mouseWheel(list, 50, 50, 0, -120);
             compare(list.contentY, top + 96);
             mouseWheel(list, 50, 50, 0, -120 * 9000);
-            verify(list.atYEnd);
+            compare([list.atYEnd, page.contentY], [true, 0]);
+            mouseWheel(list, 50, 50, 0, -120);
+            compare(page.contentY, 96);
+            page.contentY = 0;
         }
     }
 }
