@@ -1,4 +1,5 @@
 #include <DuplicatesKit/Candidates.h>
+#include <DuplicatesKit/FolderTree.h>
 #include <DuplicatesKit/Runs.h>
 #include <DuplicatesKit/SortInPieces.h>
 
@@ -71,15 +72,53 @@ void Candidates::keepSharingSize(const std::function<bool()>& isCancelled) {
     };
     entries_.erase(std::unique(entries_.begin(), entries_.end(), isMetAgain), entries_.end());
     removeSingles(entries_, [](const Entry& a, const Entry& b) { return a.size == b.size; });
+    sortByPath(isCancelled);
+}
+
+/// To compare a million paths takes too long once somebody waits for what they are compared for.
+void Candidates::sortByPath(const std::function<bool()>& isCancelled) {
+    const std::vector<Position> positions = sortedByPath(isCancelled);
+    // Put back into the pieces that are there: new ones would leave holes in memory.
+    std::vector<Entry> sorted;
+    sorted.reserve(positions.size());
+    ranks_.resize(positions.size());
+    PackedTexts names;
+    for (const Position position : positions) {
+        ranks_[position] = static_cast<Rank>(sorted.size());
+        Entry& entry = sorted.emplace_back(entries_[position]);
+        entry.start = names.keep(entry.name()).data();
+    }
+    entries_.assign(sorted.begin(), sorted.end());
+    names_ = std::move(names);
+}
+
+std::vector<Candidates::Position>
+Candidates::sortedByPath(const std::function<bool()>& isCancelled) const {
+    FolderTree tree;
+    std::vector<FolderTree::Folder> places;
+    places.reserve(folders_.size());
+    for (const Folder& folder : folders_) {
+        places.push_back(tree.enter(
+            folder.parent == noFolder ? FolderTree::root : places[folder.parent], folder.path));
+    }
+    return tree.sorted({static_cast<Position>(entries_.size()),
+                        [&](Position position) { return places[entries_[position].folder]; },
+                        [&](Position position) { return entries_[position].name(); }},
+                       isCancelled);
 }
 
 FileURL Candidates::url(Position position) const {
-    const Entry& entry = entries_[position];
+    std::string path;
+    makePath(entry(position), path);
+    return FileURL(std::move(path));
+}
+
+void Candidates::makePath(const Entry& entry, std::string& path) const {
     std::size_t length = 1 + entry.nameLength;
     for (std::uint32_t at = entry.folder; at != noFolder; at = folders_[at].parent) {
         length += folders_[at].path.size();
     }
-    std::string path(length, '/');
+    path.assign(length, '/');
     length -= entry.nameLength;
     path.replace(length, entry.nameLength, entry.name());
     --length;
@@ -88,19 +127,19 @@ FileURL Candidates::url(Position position) const {
         length -= text.size();
         path.replace(length, text.size(), text);
     }
-    return FileURL(std::move(path));
 }
 
-DuplicateFile Candidates::file(Position position) const {
-    const Entry& entry = entries_[position];
+DuplicateFile Candidates::file(const Entry& entry) const {
     const bool isKnown = entry.identity != FileIdentity{};
-    return {url(position), entry.size, dateOf(entry.modified),
+    std::string path;
+    makePath(entry, path);
+    return {FileURL(std::move(path)), entry.size, dateOf(entry.modified),
             isKnown ? std::optional(entry.identity) : std::nullopt,
             dateOf(entry.attributesModified)};
 }
 
 bool Candidates::isSameFile(Position a, Position b) const {
-    return isSameFile(entries_[a], entries_[b]);
+    return isSameFile(entry(a), entry(b));
 }
 
 bool Candidates::isBefore(const Entry& a, const Entry& b) {
@@ -120,27 +159,22 @@ bool Candidates::isSameFile(const Entry& a, const Entry& b) {
            dateOf(a.attributesModified) == dateOf(b.attributesModified);
 }
 
-Candidates Candidates::arranged(const std::vector<Position>& positions) && {
-    Candidates result;
-    result.folders_ = std::move(folders_);
-    result.folderTexts_ = std::move(folderTexts_);
-    result.entries_.reserve(positions.size());
-    for (const Position position : positions) {
-        Entry entry = entries_[position];
-        entry.start = result.names_.keep(entry.name()).data();
-        result.entries_.push_back(entry);
+void Candidates::keep(std::vector<Rank> ranks) {
+    ranks_ = std::vector<Rank>();
+    if (ranks.size() == entries_.size() && std::ranges::is_sorted(ranks)) {
+        return;
     }
-    return result;
+    std::deque<Entry> kept;
+    for (const Rank rank : ranks) {
+        kept.push_back(entries_[rank]);
+    }
+    entries_ = std::move(kept);
 }
 
-DuplicateFile Candidates::takeLast() {
-    DuplicateFile last = file(static_cast<Position>(entries_.size() - 1));
-    entries_.pop_back();
-    names_.dropBehind(entries_.empty() ? std::string_view() : entries_.back().name());
-    if (entries_.size() <= entries_.capacity() / 2) {
-        entries_.shrink_to_fit();
-    }
-    return last;
+DuplicateFile Candidates::takeFirst() {
+    DuplicateFile first = file(entries_.front());
+    entries_.pop_front();
+    return first;
 }
 
 }

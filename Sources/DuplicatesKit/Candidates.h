@@ -1,11 +1,12 @@
 #pragma once
 
 #include <DuplicatesKit/DuplicateFile.h>
-#include <DuplicatesKit/TextStack.h>
+#include <DuplicatesKit/PackedTexts.h>
 #include <HostKit/ResourceValues.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -18,7 +19,10 @@ namespace tolvane {
 /// that turn out to be equal, each of which then leaves this list.
 class Candidates {
   public:
+    /// In the order in which files are read.
     using Position = std::uint32_t;
+    /// In the order of the paths.
+    using Rank = std::uint32_t;
 
     /// `folder` is the path of the directory the file lies in; those of one walk, in its order.
     void add(std::string_view folder, std::string_view name, Bytes size,
@@ -30,15 +34,16 @@ class Candidates {
     void keepSharingSize(const std::function<bool()>& isCancelled);
 
     std::size_t count() const { return entries_.size(); }
-    Bytes size(Position position) const { return entries_[position].size; }
+    Bytes size(Position position) const { return entry(position).size; }
     FileURL url(Position position) const;
-    DuplicateFile file(Position position) const;
+    DuplicateFile file(Position position) const { return file(entry(position)); }
     bool isSameFile(Position a, Position b) const;
 
-    /// Only the files at these positions, in this order.
-    Candidates arranged(const std::vector<Position>& positions) &&;
-    /// Gives the last file away, and its memory back.
-    DuplicateFile takeLast();
+    Rank rank(Position position) const { return ranks_[position]; }
+    /// Leaves only the files of these ranks, in this order, and forgets the positions.
+    void keep(std::vector<Rank> ranks);
+    /// Gives the first file away, and its memory back.
+    DuplicateFile takeFirst();
 
   private:
     struct Folder {
@@ -68,18 +73,28 @@ class Candidates {
     };
 
     void enter(std::string_view folder);
+    void sortByPath(const std::function<bool()>& isCancelled);
+    /// The positions until now; none when it was cancelled.
+    std::vector<Position> sortedByPath(const std::function<bool()>& isCancelled) const;
+    const Entry& entry(Position position) const { return entries_[ranks_[position]]; }
+    void makePath(const Entry& entry, std::string& path) const;
+    DuplicateFile file(const Entry& entry) const;
     static bool isBefore(const Entry& a, const Entry& b);
     static bool isSameFile(const Entry& a, const Entry& b);
 
     static constexpr std::uint32_t noFolder = UINT32_MAX;
 
-    std::vector<Entry> entries_;
+    /// By path once those that share their size are known; in pieces, which are given back one by
+    /// one.
+    std::deque<Entry> entries_;
+    /// Of each position.
+    std::vector<Rank> ranks_;
     std::vector<Folder> folders_;
     std::vector<Level> levels_;
     /// The path of the last of `levels_`.
     std::string current_;
-    TextStack folderTexts_;
-    TextStack names_;
+    PackedTexts folderTexts_;
+    PackedTexts names_;
 };
 
 }

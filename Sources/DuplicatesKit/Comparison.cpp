@@ -175,12 +175,14 @@ void Comparison::appendGroups(EqualFiles& equal, std::vector<Digested>& alike, R
         if (run.count() < 2) {
             continue;
         }
-        for (std::size_t index = run.start; index < run.end; ++index) {
-            equal.positions.push_back(alike[index].position);
-        }
         const Digested& first = alike[run.start];
-        equal.groups.push_back({first.reading.digest, files_.size(first.position), {}});
-        equal.ends.push_back(static_cast<Position>(equal.positions.size()));
+        equal.groups.push_back({first.reading.digest, files_.size(first.position),
+                                static_cast<std::uint32_t>(equal.files.size()),
+                                static_cast<std::uint32_t>(run.count())});
+        for (std::size_t index = run.start; index < run.end; ++index) {
+            equal.files.push_back(files_.rank(alike[index].position));
+        }
+        std::sort(equal.files.end() - static_cast<std::ptrdiff_t>(run.count()), equal.files.end());
     }
 }
 

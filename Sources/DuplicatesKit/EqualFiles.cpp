@@ -1,43 +1,58 @@
 #include <DuplicatesKit/EqualFiles.h>
-#include <DuplicatesKit/PathOrder.h>
-#include <DuplicatesKit/Runs.h>
 
 #include <algorithm>
+#include <deque>
 #include <utility>
 
 namespace tolvane {
-namespace {
-
-void sortByWaste(std::vector<DuplicateGroup>& groups) {
-    std::ranges::sort(groups, std::greater<>(), &DuplicateGroup::wastedBytes);
-    const auto isAlike = [](const DuplicateGroup& a, const DuplicateGroup& b) {
-        return a.wastedBytes() == b.wastedBytes();
-    };
-    for (std::size_t start = 0; start < groups.size();) {
-        const Run run = runAt(groups, start, groups.size(), isAlike);
-        start = run.end;
-        sortByPath(std::span(groups).subspan(run.start, run.count()),
-                   [](const DuplicateGroup& group) -> const std::string& {
-                       return group.files.front().id();
-                   });
-    }
-}
-
-}
 
 std::vector<DuplicateGroup> EqualFiles::made(Candidates candidates) && {
-    candidates = std::move(candidates).arranged(std::exchange(positions, {}));
-    for (std::size_t at = groups.size(); at > 0; --at) {
-        std::vector<DuplicateFile>& files = groups[at - 1].files;
-        const std::size_t start = at > 1 ? ends[at - 2] : 0;
-        files.reserve(candidates.count() - start);
-        while (candidates.count() > start) {
-            files.push_back(candidates.takeLast());
-        }
-        sortByPath(std::span(files), &DuplicateFile::id);
+    std::deque<Group> left;
+    std::vector<Candidates::Rank> sorted;
+    sorted.reserve(files.size());
+    for (const std::uint32_t index : order()) {
+        const Group& group = left.emplace_back(groups[index]);
+        const auto start = files.begin() + group.start;
+        sorted.insert(sorted.end(), start, start + group.count);
     }
-    sortByWaste(groups);
-    return std::move(groups);
+    // Not by braces, which would keep the memory.
+    files = std::vector<Candidates::Rank>();
+    groups = std::vector<Group>();
+    candidates.keep(std::move(sorted));
+    std::vector<DuplicateGroup> made;
+    made.reserve(left.size());
+    for (; !left.empty(); left.pop_front()) {
+        std::vector<DuplicateFile>& equal =
+            made.emplace_back(DuplicateGroup{left.front().digest, left.front().size, {}}).files;
+        equal.reserve(left.front().count);
+        while (equal.size() < left.front().count) {
+            equal.push_back(candidates.takeFirst());
+        }
+    }
+    return made;
+}
+
+std::vector<std::uint32_t> EqualFiles::order() const {
+    struct Standing {
+        Bytes wasted;
+        Candidates::Rank first;
+        std::uint32_t group;
+    };
+    std::vector<Standing> standings;
+    standings.reserve(groups.size());
+    for (const Group& group : groups) {
+        standings.push_back({product(group.size, std::int64_t(group.count) - 1), files[group.start],
+                             static_cast<std::uint32_t>(standings.size())});
+    }
+    std::sort(standings.begin(), standings.end(), [](const Standing& a, const Standing& b) {
+        return a.wasted != b.wasted ? a.wasted > b.wasted : a.first < b.first;
+    });
+    std::vector<std::uint32_t> order;
+    order.reserve(standings.size());
+    for (const Standing& standing : standings) {
+        order.push_back(standing.group);
+    }
+    return order;
 }
 
 }

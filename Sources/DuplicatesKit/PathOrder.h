@@ -1,12 +1,11 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace tolvane {
@@ -16,14 +15,13 @@ namespace tolvane {
 /// all share, and only those that are alike in these are looked at further on.
 class PathOrder {
   public:
-    using PathAt = std::function<std::string_view(std::size_t position)>;
+    /// What it gives need not outlive the next call.
+    using PathAt = std::function<std::string_view(std::uint32_t position)>;
 
-    /// Of the paths at the positions below `count`; `pathAt` is borrowed for as long.
-    PathOrder(std::size_t count, const PathAt& pathAt);
-
-    /// Gives the records that belong to the paths the order of the paths.
-    template <class Record>
-    void apply(std::span<Record> records) &&;
+    /// The positions below `count`, ascending by their paths; none once `isStopped` said so. Of
+    /// equal paths any may come first.
+    static std::vector<std::uint32_t> of(std::uint32_t count, const PathAt& pathAt,
+                                         const std::function<bool()>& isStopped = {});
 
   private:
     struct Place {
@@ -31,40 +29,16 @@ class PathOrder {
         std::uint32_t position;
     };
 
-    void sort(std::span<Place> places, std::size_t depth);
-    std::size_t makeKeys(std::span<Place> places, std::size_t depth) const;
+    PathOrder(std::uint32_t count, const PathAt& pathAt, const std::function<bool()>& isStopped);
+
+    bool sort(std::span<Place> places, std::size_t depth);
+    std::optional<std::size_t> makeKeys(std::span<Place> places, std::size_t depth) const;
+    template <class Visitor>
+    bool visit(std::span<Place> places, const Visitor& visitor) const;
 
     const PathAt& pathAt_;
+    const std::function<bool()>& isStopped_;
     std::vector<Place> places_;
 };
-
-template <class Record>
-void PathOrder::apply(std::span<Record> records) && {
-    for (std::size_t start = 0; start < records.size(); ++start) {
-        Record first = std::move(records[start]);
-        std::size_t at = start;
-        while (places_[at].position != start) {
-            const std::size_t from = std::exchange(places_[at].position, std::uint32_t(at));
-            records[at] = std::move(records[from]);
-            at = from;
-        }
-        places_[at].position = static_cast<std::uint32_t>(at);
-        records[at] = std::move(first);
-    }
-}
-
-/// Sorts records by the path that `pathOf` gives of each.
-template <class Record, class PathOf>
-void sortByPath(std::span<Record> records, const PathOf& pathOf) {
-    constexpr std::size_t many = 64;
-    if (records.size() < many) {
-        std::ranges::sort(records, {}, pathOf);
-        return;
-    }
-    const PathOrder::PathAt pathAt = [&](std::size_t at) {
-        return std::string_view(std::invoke(pathOf, records[at]));
-    };
-    PathOrder(records.size(), pathAt).apply(records);
-}
 
 }

@@ -317,6 +317,15 @@ TEST_F(DuplicateScan, remembersWhatItCannotBeSureOf) {
     EXPECT_FALSE(isUnchanged(result.groups[0].files[3])) << "it is another file by now";
 }
 
+TEST_F(DuplicateScan, sortsByWholePathsAcrossFolders) {
+    const Names sorted{"a b/c",   "a-b/c/d", "a-b/e", "a/b c/d", "a/b-",
+                       "a/b/c/d", "a/b/c/e", "a/b/d", "a/b0",    "a0"};
+    for (const std::string& name : sorted) {
+        home.write(name, "same");
+    }
+    EXPECT_THAT(names(scan()), ElementsAre(sorted));
+}
+
 TEST_F(DuplicateScan, takesWhatBecameOfFilesSinceTheWalk) {
     for (const char* name : {"a", "b", "gone", "link", "pipe", "refused"}) {
         home.write(name, content(10'000, 'x'));
