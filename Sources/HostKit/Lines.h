@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <vector>
 
 namespace tolvane {
 
@@ -27,6 +28,17 @@ inline std::string_view trimmed(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(whiteSpace), text.size()));
     text.remove_suffix(text.size() - (text.find_last_not_of(whiteSpace) + 1));
     return text;
+}
+
+/// The lines of the text that hold more than white space, without that at their ends.
+inline std::vector<std::string_view> filledLines(std::string_view text) {
+    std::vector<std::string_view> lines;
+    while (!text.empty()) {
+        if (const std::string_view line = trimmed(takeLine(text)); !line.empty()) {
+            lines.push_back(line);
+        }
+    }
+    return lines;
 }
 
 }

@@ -2,6 +2,7 @@
 #include "Json.h"
 #include "ShownText.h"
 
+#include <HostKit/Lines.h>
 #include <PerformanceKit/MaintenanceService.h>
 #include <PerformanceKit/MemorySampler.h>
 #include <PerformanceKit/SnapshotScanner.h>
@@ -95,7 +96,9 @@ class MaintenanceCommand : public Command {
         if (outcome.isSuccess()) {
             return Exit::done;
         }
-        console.complain(outcome.message);
+        for (const std::string_view line : filledLines(outcome.message)) {
+            console.complain(line);
+        }
         return console.isCancelled() ? Exit::cancelled : Exit::failed;
     }
 

@@ -84,10 +84,6 @@ JSON orNull(const std::optional<Record>& record) {
     return record ? toJson(*record) : JSON();
 }
 
-std::string percent(double fraction) {
-    return fmt::format("{:.0f} %", fraction * 100);
-}
-
 void printSection(Console& console, const std::string& title) {
     console.out().format("\n{}\n", console.styled(Style::strong, title));
 }
@@ -99,7 +95,7 @@ void printMemory(Console& console, const std::optional<MemoryStats>& memory) {
     }
     console.out().format("Memory   {} of {} used ({}), pressure: {}\n",
                          ByteFormat::text(memory->used()), ByteFormat::text(memory->total),
-                         percent(memory->usedFraction()), memory->pressureLabel());
+                         CountFormat::percent(memory->usedFraction()), memory->pressureLabel());
     console.out().format("         free {}, active {}, inactive {}, wired {}, compressed {}, "
                          "purgeable {}\n",
                          ByteFormat::text(memory->free), ByteFormat::text(memory->active),
@@ -112,11 +108,13 @@ void printMemory(Console& console, const std::optional<MemoryStats>& memory) {
 }
 
 void printVolume(Console& console, const std::optional<VolumeStats>& volume) {
-    if (volume) {
-        console.out().format("Volume   {}: {} of {} available ({} used)\n", shownText(volume->name),
-                             ByteFormat::text(volume->available), ByteFormat::text(volume->total),
-                             percent(volume->usedFraction()));
+    if (!volume) {
+        console.out().append("Volume   unknown\n");
+        return;
     }
+    console.out().format("Volume   {}: {} of {} available ({} used)\n", shownText(volume->name),
+                         ByteFormat::text(volume->available), ByteFormat::text(volume->total),
+                         CountFormat::percent(volume->usedFraction()));
 }
 
 void printProcesses(Console& console, const std::vector<HeavyProcess>& processes) {

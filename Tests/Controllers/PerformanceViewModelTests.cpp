@@ -80,7 +80,7 @@ TEST_F(PerformanceViewModelTests, showsWhatTheSamplersTell) {
 
 TEST_F(PerformanceViewModelTests, runsOneActionAtATime) {
     script("rebuild", "while [ ! -e '" + home.path("go") + "' ]; do sleep 0.02; done");
-    script("flush", "echo 'no <b>bus</b>' >&2; exit 1");
+    script("flush", "echo 'no <b>bus</b>\n\n at all' >&2; exit 1");
     start().runRow("ls");
     EXPECT_TRUE(controller->isBusy());
     EXPECT_EQ(controller->statuses().at("ls"), "Running…");
@@ -96,8 +96,8 @@ TEST_F(PerformanceViewModelTests, runsOneActionAtATime) {
     EXPECT_EQ(controller->banner(), "Rebuilt the Launch Services database for this user.");
     EXPECT_EQ(controller->statuses().at("ls"), controller->banner().toStdString());
     waitUntil([this] { return controller->knowsSnapshots(); });
-    EXPECT_EQ(bannerAfter("dns"), "no <b>bus</b>");
-    EXPECT_EQ(home.logged("performance maintenance dns: no <b>bus</b>\n"), 1);
+    EXPECT_EQ(bannerAfter("dns"), "no <b>bus</b>\nat all");
+    EXPECT_EQ(home.logged("performance maintenance dns: no <b>bus</b>\n\n at all\n"), 1);
 
     std::filesystem::remove(home.path("go"));
     controller->runRow("ls");

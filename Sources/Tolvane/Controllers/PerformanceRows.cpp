@@ -151,7 +151,7 @@ std::vector<MaintenanceRow> maintenance(const std::map<std::string, std::string>
         const auto status = statuses.find(row.key.toStdString());
         row.isRunning = row.key.toStdString() == running;
         row.isAvailable = running.empty() || row.key == "own";
-        row.statusText = status != statuses.end() ? shownText(status->second)
+        row.statusText = status != statuses.end() ? shownLines(status->second)
                          : row.isRunning          ? QString::fromUtf8(PerformanceTexts::running)
                                                   : QString();
     }

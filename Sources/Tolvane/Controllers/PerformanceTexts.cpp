@@ -10,19 +10,10 @@
 namespace tolvane::PerformanceTexts {
 namespace {
 
-QString usedOf(Bytes used, Bytes total, double fraction) {
-    return shownText(fmt::format("{} of {} used ({})", ByteFormat::text(used),
-                                 ByteFormat::text(total), percent(fraction)));
-}
-
 std::string counted(std::size_t count, std::string_view noun) {
     return CountFormat::counted(static_cast<std::int64_t>(count), noun);
 }
 
-}
-
-std::string percent(double fraction) {
-    return fmt::format("{:.0f} %", 100 * fraction);
 }
 
 QString size(Bytes bytes) {
@@ -30,20 +21,21 @@ QString size(Bytes bytes) {
 }
 
 QString used(const MemoryStats& memory) {
-    return usedOf(memory.used(), memory.total, memory.usedFraction());
-}
-
-QString used(const VolumeStats& volume) {
-    return usedOf(std::max<Bytes>(difference(volume.total, volume.available), 0), volume.total,
-                  volume.usedFraction());
+    return shownText(fmt::format("{} of {} used ({})", ByteFormat::text(memory.used()),
+                                 ByteFormat::text(memory.total),
+                                 CountFormat::percent(memory.usedFraction())));
 }
 
 QString available(const VolumeStats& volume) {
-    std::string text = ByteFormat::text(volume.available) + " available";
-    if (volume.importantAvailable > volume.available) {
-        text += ", " + ByteFormat::text(volume.importantAvailable) + " when it is important";
-    }
-    return shownText(text);
+    return shownText(fmt::format("{} of {} available ({} used)", ByteFormat::text(volume.available),
+                                 ByteFormat::text(volume.total),
+                                 CountFormat::percent(volume.usedFraction())));
+}
+
+QString availableNote(const VolumeStats& volume) {
+    return volume.importantAvailable > volume.available
+               ? size(volume.importantAvailable) + QStringLiteral(" when it is important")
+               : QStringLiteral("What is kept for the system counts as used");
 }
 
 QString swap(const MemoryStats& memory) {
@@ -58,8 +50,8 @@ QString history(const MemoryHistory& history) {
     if (!least || !most) {
         return QStringLiteral("The use of memory is not known");
     }
-    const std::string from = percent(*least);
-    const std::string to = percent(*most);
+    const std::string from = CountFormat::percent(*least);
+    const std::string to = CountFormat::percent(*most);
     return shownText(from == to
                          ? fmt::format("{} of the memory was used over the last five minutes", to)
                          : fmt::format("Between {} and {} of the memory was used over the last "

@@ -19,15 +19,14 @@ namespace tolvane::PerformanceTexts {
 /// What is said of an action that has not ended.
 inline constexpr const char* running = "Running…";
 
-/// "57 %", whatever the locale.
-std::string percent(double fraction);
 QString size(Bytes bytes);
 /// "9.1 GB of 16 GB used (57 %)"
 QString used(const MemoryStats& memory);
-QString used(const VolumeStats& volume);
-/// What is left of the volume; what the system would delete for something important is named where
-/// there is any.
+/// "412 GB of 1 TB available (59 % used)"
 QString available(const VolumeStats& volume);
+/// How to read that: what the system would delete for something important is named where there is
+/// any.
+QString availableNote(const VolumeStats& volume);
 /// "None", "1.2 GB of 4 GB"
 QString swap(const MemoryStats& memory);
 QString history(const MemoryHistory& history);

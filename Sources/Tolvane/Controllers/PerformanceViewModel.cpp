@@ -227,8 +227,8 @@ void PerformanceViewModel::publishMemory() {
 void PerformanceViewModel::publishVolume() {
     hasVolume_ = volume().has_value();
     volumeName_ = volume() ? shownText(volume()->name) : QString();
-    volumeText_ = volume() ? PerformanceTexts::used(*volume()) : QString();
-    volumeNote_ = volume() ? PerformanceTexts::available(*volume()) : QString();
+    volumeText_ = volume() ? PerformanceTexts::available(*volume()) : QString();
+    volumeNote_ = volume() ? PerformanceTexts::availableNote(*volume()) : QString();
     volumeUsed_ = volume() ? volume()->usedFraction() : 0;
 }
 

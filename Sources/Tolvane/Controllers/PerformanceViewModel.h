@@ -56,7 +56,7 @@ class PerformanceViewModel : public QObject {
     /// "Between 40 % and 57 % of the memory was used over the last five minutes"
     PUBLISHED(PerformanceViewModel, QString, historyText)
     PUBLISHED(PerformanceViewModel, QString, volumeName)
-    /// "412 GB of 1 TB used (41 %)"
+    /// "412 GB of 1 TB available (59 % used)"
     PUBLISHED(PerformanceViewModel, QString, volumeText)
     PUBLISHED(PerformanceViewModel, QString, volumeNote)
     /// "42 items, 17 of them started at log-in or boot"

@@ -51,7 +51,7 @@ void PerformanceViewModel::maintained(const MaintenanceOutcome& outcome) {
     const std::string key = runningKey_;
     statuses_[key] = outcome.message;
     end();
-    banner_ = shownText(outcome.message);
+    banner_ = shownLines(outcome.message);
     log("performance maintenance " + key + ": " + outcome.message);
     if (outcome.isSuccess()) {
         startSnapshots();
@@ -94,7 +94,7 @@ void PerformanceViewModel::purged(const Purged& purge) {
         banner_ = shownText(result.text());
         log("performance free ram success delta=" + std::to_string(result.delta));
     } else {
-        banner_ = shownText(purge.outcome.message);
+        banner_ = shownLines(purge.outcome.message);
         log("performance free ram failed: " + purge.outcome.message);
     }
 }

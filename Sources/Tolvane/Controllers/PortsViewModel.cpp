@@ -167,7 +167,7 @@ void PortsViewModel::apply(PortsScan::Outcome outcome) {
 }
 
 void PortsViewModel::scanFailed(const std::string& description) {
-    banner_ = shownText(description);
+    banner_ = shownLines(description);
     log("ports scan failed: " + description);
     endScan();
 }

@@ -1,3 +1,4 @@
+#include <HostKit/Lines.h>
 #include <HostKit/Text.h>
 
 #include <Controllers/ShownText.h>
@@ -5,6 +6,7 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QLocale>
+#include <QStringList>
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -64,6 +66,14 @@ QString shownText(std::string_view bytes) {
     QString text = QString::fromStdString(displayText(bytes));
     std::transform(text.begin(), text.end(), text.begin(), shownCharacter);
     return text;
+}
+
+QString shownLines(std::string_view bytes) {
+    QStringList lines;
+    for (const std::string_view line : filledLines(bytes)) {
+        lines.append(shownText(line));
+    }
+    return lines.join(u'\n');
 }
 
 QString shownPath(const FileURL& url) {

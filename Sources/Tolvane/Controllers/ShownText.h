@@ -14,6 +14,8 @@ namespace tolvane {
 /// of text, with which a name could pass for another; control characters as their pictures, so that
 /// no name breaks a line.
 QString shownText(std::string_view bytes);
+/// What a tool wrote, with its breaks between lines; those without text are left out.
+QString shownLines(std::string_view bytes);
 /// A path for people; a longer text could not be laid out, so the middle of one is left out.
 QString shownPath(const FileURL& url);
 

@@ -1,5 +1,7 @@
 #include <Services/CountFormat.h>
 
+#include <cmath>
+
 namespace tolvane::CountFormat {
 
 std::string grouped(std::int64_t count) {
@@ -15,6 +17,10 @@ std::string grouped(std::int64_t count) {
 
 std::string counted(std::int64_t count, std::string_view noun) {
     return grouped(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+std::string percent(double fraction) {
+    return std::to_string(std::lround(100 * fraction)) + " %";
 }
 
 }
