@@ -399,6 +399,12 @@ TEST_F(ScanViewModelTests, ticksAFolderWithAllThatLiesInItButTheScannedOne) {
     EXPECT_EQ(tick(0), Ui::Tick::All);
     controller->clearSelection();
     EXPECT_EQ(tick(0), Ui::Tick::None);
+    enter("a");
+    time += 1;
+    controller->select(child("file0"), true);
+    controller->goBack();
+    EXPECT_EQ(tick(0), Ui::Tick::Partial);
+    controller->clearSelection();
 
     controller->selectAllChildren();
     EXPECT_THAT(names(controller->topLevelSelected()), ElementsAre("data"));
