@@ -43,10 +43,8 @@ void showFirstFrame() {
 }
 
 void measureStart() {
-    std::vector<Milliseconds> times;
-    for (int round = 0; round < 5; ++round) {
-        times.push_back(outputOf("first-frame").toDouble());
-    }
+    std::vector<Milliseconds> times(5);
+    std::generate(times.begin(), times.end(), [] { return outputOf("first-frame").toDouble(); });
     std::sort(times.begin(), times.end());
     report("start to first frame, CPU time of all threads", {times[2], times.back()}, 400);
 }
@@ -59,8 +57,8 @@ void visitAll(Harness& harness) {
 }
 
 /// Kibibytes, as the kernel names them.
-double memoryNamed(const QByteArray& smaps, const char* name) {
-    const qsizetype start = smaps.indexOf(name) + qstrlen(name);
+double memoryNamed(const QByteArray& smaps, const QByteArray& name) {
+    const qsizetype start = smaps.indexOf(name) + name.size();
     return smaps.mid(start, smaps.indexOf("kB", start) - start).trimmed().toDouble();
 }
 
@@ -164,11 +162,7 @@ void measureAll() {
     measureQuitting();
 }
 
-}
-}
-
-int main(int argumentCount, char** arguments) {
-    using namespace tolvane;
+int run(int argumentCount, char** arguments) {
     if (argumentCount < 2) {
         return runParts(argumentCount, arguments, {{"", measureAll}});
     }
@@ -180,4 +174,11 @@ int main(int argumentCount, char** arguments) {
                      {"switch", measureSwitching},
                      {"quit", measureQuitting},
                      {"quit-at-work", quitAtWork}});
+}
+
+}
+}
+
+int main(int argumentCount, char** arguments) {
+    return tolvane::run(argumentCount, arguments);
 }

@@ -310,11 +310,7 @@ void showPerformance() {
     report("refreshing it, drawn", slowest, 33);
 }
 
-}
-}
-
-int main(int argumentCount, char** arguments) {
-    using namespace tolvane;
+int run(int argumentCount, char** arguments) {
     return runParts(argumentCount, arguments,
                     {{"folder", openLargeFolder},
                      {"result", applyLargestResult},
@@ -323,4 +319,11 @@ int main(int argumentCount, char** arguments) {
                      {"applications", searchApplications},
                      {"performance", showPerformance},
                      {"disk", scanWholeDisk}});
+}
+
+}
+}
+
+int main(int argumentCount, char** arguments) {
+    return tolvane::run(argumentCount, arguments);
 }

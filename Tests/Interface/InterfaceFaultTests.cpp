@@ -55,33 +55,36 @@ void workAsUsual(const TemporaryHome& home) {
 class DiskFault : public testing::Test {
   protected:
     DiskFault()
-        : disk_(OwnMount::memory(outer_.path("disk"), "size=8m"))
-        , home_(outer_.path("disk")) {
-        fillWholeHome(home_);
-        home_.write(settings, "[General]\ninitialModule=ports\nspaceAnalysisView=list\n");
+        : disk(OwnMount::memory(outer.path("disk"), "size=8m"))
+        , home(outer.path("disk")) {
+        fillWholeHome(home);
+        home.write(settings, "[General]\ninitialModule=ports\nspaceAnalysisView=list\n");
     }
 
-    const TemporaryHome outer_;
-    const OwnMount disk_;
-    const TemporaryHome home_;
+    const TemporaryHome outer;
+    const OwnMount disk;
+    const TemporaryHome home;
 };
 
 TEST_F(DiskFault, aFullDiskLeavesAProgramThatWorksAndLosesNothing) {
     {
-        std::ofstream filler(outer_.path("disk/filler"));
-        filler << std::string(10'000'000, 'x') << std::flush;
+        std::ofstream filler(outer.path("disk/filler"));
+        const std::string megabyte(1'000'000, 'x');
+        for (int count = 0; count < 10; ++count) {
+            filler << megabyte << std::flush;
+        }
         ASSERT_FALSE(filler) << "the volume was to be full";
     }
-    workOn(home_);
-    std::filesystem::remove(outer_.path("disk/filler"));
-    workAsUsual(home_);
+    workOn(home);
+    std::filesystem::remove(outer.path("disk/filler"));
+    workAsUsual(home);
 }
 
 TEST_F(DiskFault, aReadOnlyDiskLeavesAProgramThatWorksAndLosesNothing) {
-    disk_.makeReadOnly();
-    workOn(home_);
-    disk_.makeWritable();
-    workAsUsual(home_);
+    disk.makeReadOnly();
+    workOn(home);
+    disk.makeWritable();
+    workAsUsual(home);
 }
 
 }
