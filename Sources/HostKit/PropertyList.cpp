@@ -92,8 +92,15 @@ std::optional<PropertyList> PropertyList::parse(std::string_view bytes) {
     if (bytes.size() > largestSize || !PropertyListBounds::holdFor(bytes)) {
         return std::nullopt;
     }
+    const auto size = static_cast<std::uint32_t>(bytes.size());
     plist_t read = nullptr;
-    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &read);
+    // What tells formats apart by itself takes other arguments, and more formats, from release to
+    // release of the library.
+    if (plist_is_binary(bytes.data(), size) != 0) {
+        plist_from_bin(bytes.data(), size, &read);
+    } else {
+        plist_from_xml(bytes.data(), size, &read);
+    }
     const Node root(read, &plist_free);
     return root ? std::optional(Reader::value(root.get())) : std::nullopt;
 }
