@@ -1,7 +1,6 @@
 // Loaded into a program before its libraries: whoever lists a folder called "silent" gets no
 // answer, as from a server that is gone.
 
-#include <dirent.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -9,10 +8,8 @@
 #include <string>
 #include <system_error>
 
-extern "C" __attribute__((visibility("default"))) ssize_t
-// The name of the parameters is the library's own business.
-// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
-getdents64(int descriptor, void* buffer, size_t size) noexcept {
+extern "C" __attribute__((visibility("default"))) ssize_t getdents64(int descriptor, void* buffer,
+                                                                     size_t size) noexcept {
     std::error_code error;
     const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
     while (std::filesystem::read_symlink(link, error).filename() == "silent") {

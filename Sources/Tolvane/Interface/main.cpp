@@ -66,8 +66,7 @@ std::function<void()> quitting() {
             std::_Exit(failure);
         }
         isAsked = true;
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(), [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(QCoreApplication::instance(), "quit", Qt::QueuedConnection);
     };
 }
 
