@@ -70,4 +70,12 @@ void sort(std::vector<PortListener>& rows, Ui::PortKey key, bool isDescending) {
     }
 }
 
+std::set<std::int32_t> processes(const std::vector<PortListener>& listeners) {
+    std::set<std::int32_t> pids;
+    for (const PortListener& listener : listeners) {
+        pids.insert(listener.pid);
+    }
+    return pids;
+}
+
 }

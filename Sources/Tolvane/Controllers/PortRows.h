@@ -6,6 +6,8 @@
 #include <Controllers/Ui.h>
 
 #include <QString>
+#include <cstdint>
+#include <set>
 #include <vector>
 
 namespace tolvane {
@@ -23,6 +25,9 @@ QString idOf(const PortListener& listener);
 /// Sorts rows that are in the order of a scan, which is that of ports; equal ones keep it either
 /// way round.
 void sort(std::vector<PortListener>& rows, Ui::PortKey key, bool isDescending);
+
+/// The ids of the processes that own them.
+std::set<std::int32_t> processes(const std::vector<PortListener>& listeners);
 
 }
 }
