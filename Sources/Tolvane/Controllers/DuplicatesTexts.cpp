@@ -18,6 +18,10 @@ QString countedFiles(std::int64_t count) {
     return shownText(CountFormat::counted(count, "file"));
 }
 
+QString grouped(std::size_t count) {
+    return shownText(CountFormat::grouped(static_cast<std::int64_t>(count)));
+}
+
 QString counted(std::size_t count, std::string_view noun) {
     return shownText(CountFormat::counted(static_cast<std::int64_t>(count), noun));
 }
@@ -104,6 +108,28 @@ QString selectionWarning(const DuplicateSelection& selection) {
     return selection.completeGroups() == 0 ? QString()
                                            : QStringLiteral("Every copy is ticked in ") +
                                                  counted(selection.completeGroups(), "group");
+}
+
+QString copies(std::size_t files) {
+    return grouped(files) + QStringLiteral(" copies");
+}
+
+QString ticked(std::size_t ticked, std::size_t files) {
+    return ticked == 0 ? QString()
+                       : QStringLiteral("%1 of %2 ticked").arg(grouped(ticked), grouped(files));
+}
+
+QString filtered(std::size_t groups, std::size_t files, const DuplicateIndex& index) {
+    return QStringLiteral("%1 of %2, %3 of %4")
+        .arg(grouped(groups), counted(index.groups().size(), "group"), grouped(files),
+             counted(index.fileCount(), "file"));
+}
+
+QString hiddenTicks(std::size_t count) {
+    return count == 0
+               ? QString()
+               : counted(count, "ticked file") + (count == 1 ? QStringLiteral(" is not shown")
+                                                             : QStringLiteral(" are not shown"));
 }
 
 QString moved(std::size_t count) {

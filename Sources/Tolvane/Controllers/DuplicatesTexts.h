@@ -28,6 +28,14 @@ QString progress(int checkedFiles);
 QString selection(const DuplicateSelection& selection);
 /// "Every copy is ticked in 2 groups"; empty when there is no such group.
 QString selectionWarning(const DuplicateSelection& selection);
+/// "3 copies", of at least two.
+QString copies(std::size_t files);
+/// "1 of 3 ticked"; empty for none.
+QString ticked(std::size_t ticked, std::size_t files);
+/// "2 of 12 groups, 5 of 40 files": what a filter lets through.
+QString filtered(std::size_t groups, std::size_t files, const DuplicateIndex& index);
+/// "2 ticked files are not shown"; empty for none.
+QString hiddenTicks(std::size_t count);
 /// "Moved 3 duplicate(s) to Trash"
 QString moved(std::size_t count);
 /// "Restored 2 file(s)", "Restored with 1 failure(s)"
