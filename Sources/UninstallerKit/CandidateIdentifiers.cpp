@@ -2,6 +2,7 @@
 #include <UninstallerKit/CandidateIdentifiers.h>
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace tolvane {
 namespace {
@@ -33,11 +34,10 @@ bool passes(std::string_view identifier, const LeftoverGates& gates) {
 std::vector<std::string> CandidateIdentifiers::of(const InstalledApp& app,
                                                   const LeftoverTable& table) {
     std::vector<std::string> candidates;
+    std::unordered_set<std::string_view> known;
     const auto consider = [&](const std::string& identifier) {
-        const bool isKnown =
-            std::find(candidates.begin(), candidates.end(), identifier) != candidates.end();
-        if (!isKnown && isPartOfName(identifier) &&
-            (!table.gates || passes(identifier, *table.gates))) {
+        if (isPartOfName(identifier) && (!table.gates || passes(identifier, *table.gates)) &&
+            known.insert(identifier).second) {
             candidates.push_back(identifier);
         }
     };

@@ -34,6 +34,9 @@ LeftoverFinder::leftovers(const InstalledApp& app, bool includeSystemLevel,
     Listings listings;
     std::map<FileURL, std::string> kinds;
     for (const std::string& identifier : candidates(app)) {
+        if (isCancelled && isCancelled()) {
+            break;
+        }
         for (const LeftoverPlaces::Place& place : places_.places()) {
             if (place.row.root == LeftoverRoot::systemLibrary && !includeSystemLevel) {
                 continue;

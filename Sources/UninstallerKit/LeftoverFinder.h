@@ -26,7 +26,8 @@ class LeftoverFinder {
                    LeftoverTable table);
 
     /// The largest first, each path once, protected ones included. `includeSystemLevel` adds the
-    /// places of the whole system. `isCancelled` only cuts measuring short.
+    /// places of the whole system. `isCancelled` is asked between identifiers and cuts measuring
+    /// short.
     std::vector<LeftoverItem> leftovers(const InstalledApp& app, bool includeSystemLevel,
                                         const std::function<bool()>& isCancelled = {}) const;
     /// Protected items included.
