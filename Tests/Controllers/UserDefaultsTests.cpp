@@ -76,6 +76,8 @@ TEST_F(Defaults, surviveATruncatedFile) {
         home.write("config/settings.conf", left);
         UserDefaults defaults(file);
         EXPECT_EQ(defaults.flag("autoRun"), left.find("autoRun=true") != std::string::npos) << left;
+        EXPECT_TRUE(defaults.path("lastScanPath").value_or(FileURL("/")).path().starts_with('/'))
+            << left;
         const QVariantMap found = defaults.map("scanStats.files");
         EXPECT_TRUE(found.isEmpty() || found == map) << "half a map: " << left;
         if (length % 40 == 0) {

@@ -99,11 +99,10 @@ QVariantMap UserDefaults::map(const QString& key) const {
 
 std::optional<FileURL> UserDefaults::path(const QString& key) const {
     const QVariant found = values_.value(key);
-    if (found.typeId() == QMetaType::QByteArray) {
-        return FileURL(found.toByteArray().toStdString());
-    }
-    const std::optional<QString> stored = text(key);
-    return stored ? std::optional(FileURL(stored->toStdString())) : std::nullopt;
+    const std::string path = found.typeId() == QMetaType::QByteArray
+                                 ? found.toByteArray().toStdString()
+                                 : text(key).value_or(QString()).toStdString();
+    return path.starts_with('/') ? std::optional(FileURL(path)) : std::nullopt;
 }
 
 void UserDefaults::set(const QString& key, const QVariant& value) {

@@ -28,6 +28,7 @@ class UserDefaults {
     bool flag(const QString& key) const;
     /// Empty when absent.
     QVariantMap map(const QString& key) const;
+    /// Also absent when it is not absolute: there is no folder that it could be below.
     std::optional<FileURL> path(const QString& key) const;
 
     /// A text, a flag or a map. Maps are one value each, so their keys may be anything.
