@@ -118,5 +118,27 @@ TEST(Settings, startTheProgramWithTheirGoodValuesHoweverBrokenTheyAre) {
     }
 }
 
+TEST(Settings, showTheWholeTailByKeyboardAlone) {
+    const TemporaryHome home;
+    Harness harness(home);
+    for (int line = 0; line < 99; ++line) {
+        harness.app().log().write("line");
+    }
+    harness.press(Qt::Key_Comma, Qt::ControlModifier);
+    ASSERT_TRUE(Harness::eventually([] { return settingsWindow() != nullptr; }));
+    auto* const window = qobject_cast<QQuickWindow*>(settingsWindow());
+    const auto tail = [window] { return window->findChild<QQuickItem*>("logTail"); };
+    const auto place = [](const QQuickItem* item) { return item->property("contentY").toReal(); };
+    ASSERT_TRUE(Harness::eventually([&] { return tail()->height() > window->height(); }));
+    for (int tabs = 0; tabs < 20 && window->activeFocusItem() != tail(); ++tabs) {
+        QTest::keyClick(window, Qt::Key_Tab);
+    }
+    EXPECT_GT(place(window->findChild<QQuickItem*>("settingsPage")), 0) << "it comes into sight";
+    const QQuickItem* const lines = tail()->parentItem()->parentItem();
+    EXPECT_GT(place(lines), 0) << "at its end";
+    QTest::keyClick(window, Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(place(lines), 0);
+}
+
 }
 }

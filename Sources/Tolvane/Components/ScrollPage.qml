@@ -12,12 +12,15 @@ Flickable {
         contentY = Math.max(0, Math.min(y, contentHeight - height));
     }
 
-    function isInside(item: Item): bool {
+    /// What of the page stands for `item`: itself, or what it scrolls in; null when it is not on it.
+    function shown(item: Item): Item {
+        let found = item;
         let place = item;
         while (place !== null && place !== contentItem) {
+            found = place instanceof Flickable ? place : found;
             place = place.parent;
         }
-        return place !== null;
+        return place === null ? null : found;
     }
 
     /// Not under the pointer: what is clicked stays where it is.
@@ -26,11 +29,12 @@ Flickable {
     }
 
     function showFocused() {
-        if (focused === null || !isInside(focused) || isPointedAt(focused)) {
+        const item = shown(focused);
+        if (item === null || isPointedAt(item)) {
             return;
         }
-        const top = focused.mapToItem(contentItem, 0, 0).y - Theme.wideSpacing;
-        const bottom = top + focused.height + 2 * Theme.wideSpacing;
+        const top = item.mapToItem(contentItem, 0, 0).y - Theme.wideSpacing;
+        const bottom = top + item.height + 2 * Theme.wideSpacing;
         if (top < contentY || bottom - top > height) {
             scrollTo(top);
         } else if (bottom > contentY + height) {

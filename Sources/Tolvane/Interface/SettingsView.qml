@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Tolvane
 import Tolvane.Components
@@ -25,6 +24,9 @@ ThemedWindow {
     }
 
     ScrollPage {
+        id: page
+
+        objectName: "settingsPage"
         anchors.fill: parent
         contentHeight: column.implicitHeight + 2 * Theme.pageMargin
 
@@ -33,7 +35,7 @@ ThemedWindow {
 
             x: Theme.pageMargin
             y: Theme.pageMargin
-            width: parent.width - 2 * Theme.pageMargin
+            width: page.width - 2 * Theme.pageMargin
             spacing: Theme.pageMargin
 
             SettingsSection {
