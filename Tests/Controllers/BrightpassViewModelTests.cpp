@@ -21,7 +21,7 @@ class BrightpassViewModelTests : public ControllerTest<BrightpassViewModel> {
         home.write("Downloads/one", std::string(2'000, 'c'));
         home.write("Downloads/two", std::string(2'000, 'c'));
         // Without the logs, which this very run writes.
-        environment.layout.junkRoots.resize(1);
+        environment.layout.junkRoots = {environment.layout.junkRoots[0], home.url("missing")};
     }
 
     void awaitReport() {
@@ -59,7 +59,7 @@ TEST_F(BrightpassViewModelTests, publishesAReportAndLeadsToWhatItShows) {
                      [&](const FileURL& folder, Bytes minimum) {
                          asked.push_back(folder.path() + " " + std::to_string(minimum));
                      });
-    for (const int row : {-1, 0, 99}) {
+    for (const int row : {-1, 0, 1, 99}) {
         controller->showJunk(row);
         controller->showApp(row);
     }

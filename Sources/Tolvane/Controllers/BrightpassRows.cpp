@@ -1,4 +1,3 @@
-#include <Services/ByteFormat.h>
 #include <Services/CountFormat.h>
 
 #include <Controllers/BrightpassRows.h>
@@ -12,11 +11,9 @@
 namespace tolvane::BrightpassRows {
 namespace {
 
-constexpr std::size_t mostGroups = 200;
+using ScanTexts::size;
 
-QString size(Bytes bytes) {
-    return shownText(ByteFormat::text(bytes));
-}
+constexpr std::size_t mostGroups = 200;
 
 double shareOf(Bytes bytes, Bytes total) {
     return total > 0 ? static_cast<double>(bytes) / static_cast<double>(total) : 0;
@@ -131,13 +128,6 @@ QString duplicatesSummary(const BrightpassReport& report, bool isPartial) {
     return report.duplicates->groups.empty() ? none + place
                                              : counted(report.duplicates->groups.size(), "group") +
                                                    QStringLiteral(" in ") + place;
-}
-
-QString failures(const BrightpassReport& report) {
-    return report.duplicates && !report.duplicates->errors.empty()
-               ? counted(report.duplicates->errors.size(), "folder") +
-                     QStringLiteral(" could not be read")
-               : QString();
 }
 
 }

@@ -43,8 +43,6 @@ QString elapsed(const BrightpassReport& report, bool isPartial);
 QString appsSummary(const BrightpassReport& report, bool isPartial);
 /// "12 groups in Downloads"
 QString duplicatesSummary(const BrightpassReport& report, bool isPartial);
-/// "2 folders could not be read"; empty when all could.
-QString failures(const BrightpassReport& report);
 
 }
 }

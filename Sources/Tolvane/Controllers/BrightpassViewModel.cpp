@@ -1,9 +1,9 @@
 #include <HostKit/Text.h>
-#include <Services/ByteFormat.h>
 
 #include <BrightpassKit/BrightpassScanner.h>
 #include <Controllers/BrightpassViewModel.h>
 #include <Controllers/ScanRoles.h>
+#include <Controllers/ScanTexts.h>
 #include <Controllers/ShownText.h>
 #include <fmt/format.h>
 
@@ -132,16 +132,16 @@ void BrightpassViewModel::replaceReport(std::shared_ptr<const BrightpassReport> 
 }
 
 void BrightpassViewModel::publishReport() {
-    const auto size = [](Bytes bytes) { return shownText(ByteFormat::text(bytes)); };
     headline_ = BrightpassRows::headline(*report_);
-    totalText_ = size(report_->reclaimableBytes());
-    junkText_ = size(report_->junkBytes());
-    leftoverText_ = size(report_->leftoverBytes());
-    duplicateText_ = size(report_->duplicateBytes());
+    totalText_ = ScanTexts::size(report_->reclaimableBytes());
+    junkText_ = ScanTexts::size(report_->junkBytes());
+    leftoverText_ = ScanTexts::size(report_->leftoverBytes());
+    duplicateText_ = ScanTexts::size(report_->duplicateBytes());
     appsSummary_ = BrightpassRows::appsSummary(*report_, isPartial_);
     duplicatesSummary_ = BrightpassRows::duplicatesSummary(*report_, isPartial_);
     elapsedText_ = BrightpassRows::elapsed(*report_, isPartial_);
-    failuresText_ = BrightpassRows::failures(*report_);
+    failuresText_ =
+        report_->duplicates ? unreadFoldersText(report_->duplicates->errors) : QString();
     parts_.reset(BrightpassRows::parts(*report_));
     junk_.reset(BrightpassRows::junk(*report_));
     apps_.reset(BrightpassRows::apps(*report_));
@@ -167,8 +167,17 @@ void BrightpassViewModel::chooseDuplicatesRoot() {
             if (self) {
                 self->environment_.defaults.setPath(duplicatesPathKey, chosen);
                 self->duplicatesPath_ = shownPath(chosen);
+                self->tellNextDuplicatesPath();
             }
         });
+}
+
+/// Beside a report, which stays that of another folder, nothing else would show the choice.
+void BrightpassViewModel::tellNextDuplicatesPath() {
+    if (report_) {
+        banner_ =
+            QStringLiteral("The next check looks for duplicates in ") + duplicatesPath_.value();
+    }
 }
 
 void BrightpassViewModel::dismissBanner() {
@@ -189,8 +198,12 @@ void BrightpassViewModel::closeFailures() {
 // Links
 
 void BrightpassViewModel::showJunk(int row) {
-    if (report_ && row >= 0 && row < std::ssize(report_->junk)) {
-        Q_EMIT junkRequested(report_->junk[static_cast<std::size_t>(row)].url);
+    if (!report_ || row < 0 || row >= std::ssize(report_->junk)) {
+        return;
+    }
+    if (const JunkCategory& category = report_->junk[static_cast<std::size_t>(row)];
+        category.exists()) {
+        Q_EMIT junkRequested(category.url);
     }
 }
 

@@ -29,7 +29,7 @@ class BrightpassViewModel : public QObject {
     PUBLISHED(BrightpassViewModel, QString, stage)
     /// How many of `stages` are behind the run; negative before the first.
     PUBLISHED(BrightpassViewModel, int, stageNumber)
-    /// One line about the last run; empty when there is nothing to tell.
+    /// One line about the last run or the next; empty when there is nothing to tell.
     PUBLISHED(BrightpassViewModel, QString, banner)
     /// Whether the report is that of a run which was cancelled.
     PUBLISHED(BrightpassViewModel, bool, isPartial)
@@ -96,7 +96,7 @@ class BrightpassViewModel : public QObject {
     Q_INVOKABLE void openFailures();
     Q_INVOKABLE void closeFailures();
 
-    // Links to the other modules. A row that does not exist is ignored.
+    // Links to the other modules. A row that does not exist is ignored, and one that holds nothing.
 
     Q_INVOKABLE void showJunk(int row);
     Q_INVOKABLE void showApp(int row);
@@ -123,6 +123,7 @@ class BrightpassViewModel : public QObject {
     void publishReport();
     void publishStage();
     void showStage(const QString& stage);
+    void tellNextDuplicatesPath();
     void log(const std::string& message) const;
 
     const Environment& environment_;

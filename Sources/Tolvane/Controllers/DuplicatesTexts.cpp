@@ -2,6 +2,7 @@
 #include <Services/CountFormat.h>
 
 #include <Controllers/DuplicatesTexts.h>
+#include <Controllers/FailureFolder.h>
 #include <Controllers/ShownText.h>
 
 #include <QStringList>
@@ -57,16 +58,11 @@ QString leftOut(const DuplicateScan::Result& result) {
     for (const FileURL& place : result.notEntered) {
         parts.append(shownPath(place));
     }
-    if (const QString unread = failures(result.index->result()); !unread.isEmpty()) {
+    if (const QString unread = unreadFoldersText(result.index->result().errors);
+        !unread.isEmpty()) {
         parts.append(unread);
     }
     return QStringLiteral("Left out: ") + parts.join(QStringLiteral(", "));
-}
-
-QString failures(const DuplicateScanResult& result) {
-    return result.errors.empty()
-               ? QString()
-               : counted(result.errors.size(), "folder") + QStringLiteral(" could not be read");
 }
 
 QString whyEmpty(const DuplicateScan::Result& result) {

@@ -16,8 +16,6 @@ QString checked(const DuplicateScanResult& result);
 QString elapsed(const DuplicateScan::Result& result);
 /// What below the root was not looked at.
 QString leftOut(const DuplicateScan::Result& result);
-/// "12 folders could not be read"; empty when all could.
-QString failures(const DuplicateScanResult& result);
 /// Why there are no groups; empty when there are some.
 QString whyEmpty(const DuplicateScan::Result& result);
 /// Why nothing below `root` can be removed; empty when something can.

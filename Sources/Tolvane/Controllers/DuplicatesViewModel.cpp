@@ -275,7 +275,7 @@ void DuplicatesViewModel::publishResult(const DuplicateScan::Result& result) {
     checkedText_ = DuplicatesTexts::checked(result.index->result());
     elapsedText_ = DuplicatesTexts::elapsed(result);
     leftOutText_ = DuplicatesTexts::leftOut(result);
-    failuresText_ = DuplicatesTexts::failures(result.index->result());
+    failuresText_ = unreadFoldersText(result.index->result().errors);
     emptyText_ = DuplicatesTexts::whyEmpty(result);
 }
 

@@ -1,4 +1,7 @@
+#include <Services/CountFormat.h>
+
 #include <Controllers/FailureFolder.h>
+#include <Controllers/ShownText.h>
 
 #include <algorithm>
 #include <unordered_map>
@@ -20,6 +23,12 @@ std::vector<FailureFolder> failuresByFolder(const std::vector<ScanFailure>& fail
         folders.begin(), folders.end(),
         [](const FailureFolder& a, const FailureFolder& b) { return a.count > b.count; });
     return folders;
+}
+
+QString unreadFoldersText(const std::vector<ScanFailure>& failures) {
+    return failures.empty() ? QString()
+                            : shownText(CountFormat::counted(std::ssize(failures), "folder") +
+                                        " could not be read");
 }
 
 }

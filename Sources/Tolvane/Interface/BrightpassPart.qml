@@ -59,6 +59,8 @@ Rectangle {
             objectName: "partRows"
             Layout.fillWidth: true
             Layout.fillHeight: true
+            // Without rows the focus would not be seen.
+            enabled: count > 0
             model: part.rows
             rowHeight: 52
             rowDelegate: BrightpassRow {}

@@ -24,5 +24,6 @@ Row {
         text: line.modelData
         color: line.isCurrent ? Theme.text : Theme.secondaryText
         font.weight: line.isCurrent ? Font.Medium : Font.Normal
+        Accessible.name: line.isDone ? qsTr("%1, done").arg(text) : line.isCurrent ? qsTr("%1, under way").arg(text) : text
     }
 }
