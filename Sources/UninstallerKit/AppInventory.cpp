@@ -6,6 +6,7 @@
 #include <UninstallerKit/LauncherBundle.h>
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <set>
 #include <utility>
@@ -113,6 +114,14 @@ std::vector<InstalledApp> AppInventory::scan(bool includeSystem,
         }
     }
     return sortedByName(std::move(apps));
+}
+
+std::vector<ScanFailure> AppInventory::unreadFolders(bool includeSystem) const {
+    std::vector<ScanFailure> failures;
+    for (const FileURL& folder : searchFolders(includeSystem)) {
+        std::ranges::move(tolvane::unreadFolders(*files_, folder), std::back_inserter(failures));
+    }
+    return failures;
 }
 
 Bytes AppInventory::size(const InstalledApp& app, const std::function<bool()>& isCancelled) const {

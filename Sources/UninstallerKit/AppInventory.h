@@ -2,6 +2,7 @@
 
 #include <HostKit/ApplicationPlaces.h>
 #include <HostKit/FileManager.h>
+#include <ScanKit/ScanFailure.h>
 #include <UninstallerKit/InstalledApp.h>
 
 #include <functional>
@@ -24,6 +25,8 @@ class AppInventory {
     /// those read so far are returned as they were found.
     std::vector<InstalledApp> scan(bool includeSystem,
                                    const std::function<bool()>& isCancelled = {}) const;
+    /// The folders that `scan` had to leave out because they could not be listed, and why.
+    std::vector<ScanFailure> unreadFolders(bool includeSystem) const;
     /// Bytes on disk of the bundle; cut short when `isCancelled`.
     Bytes size(const InstalledApp& app, const std::function<bool()>& isCancelled = {}) const;
 

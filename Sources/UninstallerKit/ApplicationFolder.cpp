@@ -1,5 +1,6 @@
 #include <UninstallerKit/ApplicationFolder.h>
 
+#include <cerrno>
 #include <memory>
 #include <utility>
 
@@ -44,6 +45,23 @@ std::vector<FolderEntry> shownEntries(const FileManager& files, const FileURL& f
         entries.push_back({std::string((*opened)->name(i)), typeOf(**opened, i)});
     }
     return entries;
+}
+
+std::vector<ScanFailure> unreadFolders(const FileManager& files, const FileURL& folder) {
+    std::vector<ScanFailure> failures;
+    const auto look = [&](const FileURL& url) {
+        const Result<std::unique_ptr<Directory>, SystemError> opened = files.openDirectory(url, {});
+        if (!opened && opened.error().code != ENOENT) {
+            failures.push_back({url.path(), opened.error().description()});
+        }
+    };
+    look(folder);
+    for (const FolderEntry& entry : shownEntries(files, folder)) {
+        if (entry.type == EntryType::directory) {
+            look(folder.appending(entry.name));
+        }
+    }
+    return failures;
 }
 
 std::vector<FileURL> appBundles(const FileManager& files, const FileURL& folder) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <HostKit/FileManager.h>
+#include <ScanKit/ScanFailure.h>
 
 #include <string>
 #include <vector>
@@ -17,6 +18,9 @@ struct FolderEntry {
 /// What lies directly in the folder, hidden entries left out, in listing order; nothing when it
 /// cannot be listed.
 std::vector<FolderEntry> shownEntries(const FileManager& files, const FileURL& folder);
+
+/// The folder and those directly below it that cannot be listed though they are there, and why.
+std::vector<ScanFailure> unreadFolders(const FileManager& files, const FileURL& folder);
 
 /// The bundles (named ".app") in the folder and in the folders directly below it that are none, in
 /// listing order.

@@ -112,7 +112,9 @@ TEST_F(UninstallerViewModelTests, listsAndFindsApplicationsByNameAndIdentifier) 
         EXPECT_EQ(controller->countText(), search.count) << search.query;
         EXPECT_EQ(controller->emptyText().isEmpty(), !search.ids.empty());
     }
-    EXPECT_EQ(controller->rowOf("org.example.Ten"), 2);
+    EXPECT_EQ(controller->selectedRow(), -1);
+    select("org.example.Ten");
+    EXPECT_EQ(controller->selectedRow(), 2);
     controller->revealApp(controller->idAt(2));
     EXPECT_THAT(home.workspace.revealed, ElementsAre(home.url(bundle("App 10"))));
 }
@@ -143,6 +145,13 @@ TEST_F(UninstallerViewModelTests, showsWhatAnApplicationLeavesAndHowSureThatIs) 
     EXPECT_NE(shown("sizeText")[0], "") << "known from now on";
     controller->copyLeftoverPath(99);
     EXPECT_THAT(home.workspace.copied, IsEmpty());
+
+    const InstalledApp tool = *controller->selected();
+    start();
+    controller->load();
+    controller->select(tool);
+    settle();
+    EXPECT_EQ(left("othersText")[1], "Also matches Tools") << "chosen before the list was there";
 }
 
 TEST_F(UninstallerViewModelTests, showsOnlyTheLatestSelection) {
@@ -154,13 +163,15 @@ TEST_F(UninstallerViewModelTests, showsOnlyTheLatestSelection) {
     gate.open();
     load();
     EXPECT_EQ(controller->selected()->id(), "org.example.slow");
+    review();
     gate.close();
     controller->select(*controller->selected());
+    EXPECT_FALSE(controller->showReview()) << "it was that of an earlier look";
     waitUntil([this] { return gate.isReached(); });
     controller->prepareReview();
+    EXPECT_FALSE(controller->showReview()) << "it would go without its leftovers";
     const InstalledApp tool = controller->apps()[1];
     controller->select(tool);
-    EXPECT_FALSE(controller->showReview()) << "it was that of another application";
     gate.open();
     settle();
     processEvents();
@@ -312,6 +323,7 @@ TEST_F(UninstallerViewModelTests, mayBeDestroyedWhateverRuns) {
     };
     const auto review = [&] {
         select();
+        settle();
         controller->prepareReview();
     };
     // A move that began is carried out, whoever waits for it.

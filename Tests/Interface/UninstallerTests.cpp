@@ -1,5 +1,7 @@
 #include "Harness.h"
 
+#include <Support/FaultyFiles.h>
+
 #include <gtest/gtest.h>
 
 namespace tolvane {
@@ -31,8 +33,9 @@ class UninstallerTests : public testing::Test {
     /// Until the chosen application has been looked at.
     static bool awaitDetail(Harness& harness) {
         return Harness::eventually([&] {
-            const AppDetail& detail = *harness.app().uninstaller().detail();
-            return detail.hasApp() && !detail.isLoading();
+            UninstallerViewModel& controller = harness.app().uninstaller();
+            const AppDetail& detail = *controller.detail();
+            return detail.hasApp() && !detail.isLoading() && !controller.isLoading();
         });
     }
 
@@ -66,6 +69,21 @@ TEST_F(UninstallerTests, canBeWorkedByKeyboardAlone) {
     harness.press(Qt::Key_Z, Qt::ControlModifier);
     ASSERT_TRUE(harness.shows("Restored 4 item(s)"));
     EXPECT_EQ(home.read(".local/share/org.example.paint/odd \xff\n<b>"), "d");
+}
+
+TEST_F(UninstallerTests, tellsWhereItCouldNotLook) {
+    home.makeFolder("Applications/locked");
+    const auto locked = [](FileOperation, const FileURL& url) {
+        return url.lastPathComponent() == "locked" ? std::optional(SystemError{EACCES})
+                                                   : std::nullopt;
+    };
+    Harness harness(home, {.files = [&](std::shared_ptr<const FileManager> files) {
+                        return std::make_shared<FaultyFiles>(std::move(files), locked);
+                    }});
+    show(harness);
+    harness.click("showFailures");
+    EXPECT_TRUE(harness.shows("1 folder could not be read"));
+    EXPECT_TRUE(harness.shows(QString::fromStdString(home.path("Applications"))));
 }
 
 }

@@ -34,6 +34,7 @@ Inventory inventory(const HostLayout& layout, const std::shared_ptr<const FileMa
     for (InstalledApp& app : apps) {
         result.rows.emplace_back(std::move(app));
     }
+    result.failures = inventory.unreadFolders(!includesSystem);
     result.installed = std::make_shared<const std::vector<InstalledApp>>(
         inventory.scan(includesSystem, isCancelled));
     return result;

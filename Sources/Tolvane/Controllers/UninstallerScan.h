@@ -2,6 +2,7 @@
 
 #include <HostKit/FileManager.h>
 #include <HostKit/HostLayout.h>
+#include <ScanKit/ScanFailure.h>
 #include <Services/Job.h>
 #include <UninstallerKit/InstalledApp.h>
 #include <UninstallerKit/LeftoverItem.h>
@@ -29,6 +30,8 @@ struct Inventory {
     std::vector<AppRow> rows;
     /// The system's own applications too.
     InstalledApps installed;
+    /// Folders that could not be looked through for `rows`.
+    std::vector<ScanFailure> failures;
 };
 
 struct Detail {

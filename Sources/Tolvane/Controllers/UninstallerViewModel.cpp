@@ -1,5 +1,6 @@
 #include <HostKit/Text.h>
 
+#include <Controllers/ScanRoles.h>
 #include <Controllers/ShownText.h>
 #include <Controllers/UninstallerTexts.h>
 #include <Controllers/UninstallerViewModel.h>
@@ -17,12 +18,10 @@ namespace {
 constexpr Seconds reportInterval = 0.1;
 constexpr QLatin1StringView autoSelectKey("autoSelectFirstApp");
 
-/// The row of the application that QML names so; -1 when there is none.
-int rowOfApp(const std::vector<AppRow>& rows, const QString& id) {
-    const std::string wanted = AppRows::identifier(id);
-    const auto found = std::find_if(rows.begin(), rows.end(), [&wanted](const AppRow& row) {
-        return row.app().id() == wanted;
-    });
+/// -1 when there is none.
+int rowOfApp(const std::vector<AppRow>& rows, const std::string& id) {
+    const auto found = std::find_if(rows.begin(), rows.end(),
+                                    [&id](const AppRow& row) { return row.app().id() == id; });
     return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
 }
 
@@ -55,6 +54,8 @@ UninstallerViewModel::UninstallerViewModel(const Environment& environment)
     , environment_(environment)
     , installed_(std::make_shared<const std::vector<InstalledApp>>())
     , rows_(AppRows::roles(), [](const AppRow& row) { return AppRows::idOf(row.app()); })
+    , failureFolders_(ScanRoles::failureFolder(),
+                      [](const FailureFolder& folder) { return shownText(folder.folder.path()); })
     , detail_(environment, [this] { detailFound(); })
     , activity_([this] { return activityState(); })
     , removal_(environment,
@@ -123,7 +124,10 @@ void UninstallerViewModel::refresh() {
 void UninstallerViewModel::apply(UninstallerScan::Inventory inventory) {
     takeOver(inventory.rows, apps_);
     apps_ = std::move(inventory.rows);
+    const bool areOthers = *installed_ != *inventory.installed;
     installed_ = std::move(inventory.installed);
+    failuresText_ = unreadFoldersText(inventory.failures);
+    failureFolders_.reset(failuresByFolder(inventory.failures));
     hasLoaded_ = true;
     endLoad();
     showRows();
@@ -131,6 +135,10 @@ void UninstallerViewModel::apply(UninstallerScan::Inventory inventory) {
                     apps = apps_](const auto&, const std::function<bool()>& isCancelled) {
         return UninstallerScan::icons(layout, *files, apps, isCancelled);
     });
+    if (areOthers && selected()) {
+        // Whose its leftovers may be too was asked of the applications known until now.
+        select(*selected());
+    }
     if (environment_.defaults.flag(autoSelectKey) && !selected() && !apps_.empty()) {
         select(apps_.front().app());
     }
@@ -192,11 +200,11 @@ QString UninstallerViewModel::idAt(int row) const {
                : AppRows::idOf(rows[static_cast<std::size_t>(row)].app());
 }
 
-int UninstallerViewModel::rowOf(const QString& id) const {
-    return rowOfApp(rows_.records(), id);
+int UninstallerViewModel::selectedRow() const {
+    return selected() ? rowOfApp(rows_.records(), selected()->id()) : -1;
 }
 
-const AppRow* UninstallerViewModel::find(const QString& id) const {
+const AppRow* UninstallerViewModel::find(const std::string& id) const {
     const int row = rowOfApp(apps_, id);
     return row < 0 ? nullptr : &apps_[static_cast<std::size_t>(row)];
 }
@@ -207,6 +215,14 @@ Activity::State UninstallerViewModel::activityState() const {
             .elapsed = isLoading_ ? environment_.clock() - loadStartedAt_ : 0};
 }
 
+void UninstallerViewModel::openFailures() {
+    showFailures_ = true;
+}
+
+void UninstallerViewModel::closeFailures() {
+    showFailures_ = false;
+}
+
 // The selection
 
 void UninstallerViewModel::select(const InstalledApp& app) {
@@ -215,12 +231,12 @@ void UninstallerViewModel::select(const InstalledApp& app) {
     }
     isDetailStale_ = false;
     removal_.closeReview();
-    const AppRow* const row = find(AppRows::idOf(app));
+    const AppRow* const row = find(app.id());
     detail_.show(app, installed_, row == nullptr ? QString() : row->iconKey);
 }
 
 void UninstallerViewModel::select(const QString& id) {
-    const AppRow* const row = find(id);
+    const AppRow* const row = find(AppRows::identifier(id));
     if (!isUpdating_ && row != nullptr && !(selected() && selected()->id() == row->app().id())) {
         select(row->app());
     }
@@ -236,7 +252,7 @@ void UninstallerViewModel::clearSelection() {
 
 void UninstallerViewModel::detailFound() {
     const InstalledApp& app = *selected();
-    if (const int row = rowOfApp(apps_, detail_.appID()); row >= 0) {
+    if (const int row = rowOfApp(apps_, app.id()); row >= 0) {
         apps_[static_cast<std::size_t>(row)].size = appSize();
         showRows();
     }

@@ -9,6 +9,7 @@
 #include <Controllers/AppDetail.h>
 #include <Controllers/AppRows.h>
 #include <Controllers/Environment.h>
+#include <Controllers/FailureFolder.h>
 #include <Controllers/Published.h>
 #include <Controllers/RecordModel.h>
 #include <Controllers/Removal.h>
@@ -44,6 +45,9 @@ class UninstallerViewModel : public QObject {
     PUBLISHED(UninstallerViewModel, QString, emptyText)
     /// Which programs are not listed, and where they are removed; empty when all are listed.
     PUBLISHED(UninstallerViewModel, QString, leftOutText)
+    /// "2 folders could not be read"; empty when all could.
+    PUBLISHED(UninstallerViewModel, QString, failuresText)
+    PUBLISHED(UninstallerViewModel, bool, showFailures)
 
     /// `filteredApps()` with the roles of `AppRows`.
     Q_PROPERTY(tolvane::ListModel* rows READ rows CONSTANT)
@@ -52,6 +56,9 @@ class UninstallerViewModel : public QObject {
     Q_PROPERTY(tolvane::Activity* activity READ activity CONSTANT)
     /// Its sheet is the review of the selected application.
     Q_PROPERTY(tolvane::Removal* removal READ removal CONSTANT)
+    Q_PROPERTY(tolvane::AccessStatus* access READ access CONSTANT)
+    /// Roles `pathText`, `countText`.
+    Q_PROPERTY(tolvane::ListModel* failureFolders READ failureFolders CONSTANT)
 
   public:
     explicit UninstallerViewModel(const Environment& environment);
@@ -61,6 +68,8 @@ class UninstallerViewModel : public QObject {
     AppDetail* detail() { return &detail_; }
     Activity* activity() { return &activity_; }
     Removal* removal() { return &removal_; }
+    AccessStatus* access() { return &environment_.access; }
+    ListModel* failureFolders() { return &failureFolders_; }
 
     // Fields
 
@@ -90,8 +99,11 @@ class UninstallerViewModel : public QObject {
     Q_INVOKABLE void refresh();
     Q_INVOKABLE void setQuery(const QString& text);
     Q_INVOKABLE QString idAt(int row) const;
-    /// -1 when the list shows no such application.
-    Q_INVOKABLE int rowOf(const QString& id) const;
+    /// Of the selected application; -1 when there is none or the list does not show it.
+    Q_INVOKABLE int selectedRow() const;
+
+    Q_INVOKABLE void openFailures();
+    Q_INVOKABLE void closeFailures();
 
     // The selection. Ignored while something is moved; another one closes the sheet.
 
@@ -112,7 +124,8 @@ class UninstallerViewModel : public QObject {
 
     // Removal
 
-    /// Opens the sheet on the selected application and its leftovers that are not protected.
+    /// Opens the sheet on the selected application and its leftovers that are not protected;
+    /// ignored until they are known, or it would go without them.
     Q_INVOKABLE void prepareReview();
     /// Moves the leftovers first, then the application: what the sheet shows, or, without a sheet,
     /// what it would show.
@@ -134,7 +147,8 @@ class UninstallerViewModel : public QObject {
     void showRows();
     void detailFound();
     Activity::State activityState() const;
-    const AppRow* find(const QString& id) const;
+    /// Null when there is none.
+    const AppRow* find(const std::string& id) const;
     std::vector<ReviewItem> itemsToReview() const;
 
     void removed(const std::vector<RemovalReceipt>& receipts);
@@ -158,6 +172,7 @@ class UninstallerViewModel : public QObject {
     InstalledApp removing_;
     bool removesApp_ = false;
     RecordModel<AppRow> rows_;
+    RecordModel<FailureFolder> failureFolders_;
     AppDetail detail_;
     Activity activity_;
     Removal removal_;

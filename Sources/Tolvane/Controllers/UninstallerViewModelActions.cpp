@@ -15,13 +15,13 @@ namespace tolvane {
 // Places
 
 void UninstallerViewModel::revealApp(const QString& id) {
-    if (const AppRow* row = find(id)) {
+    if (const AppRow* row = find(AppRows::identifier(id))) {
         environment_.workspace.reveal(row->app().url);
     }
 }
 
 void UninstallerViewModel::copyAppPath(const QString& id) {
-    if (const AppRow* row = find(id)) {
+    if (const AppRow* row = find(AppRows::identifier(id))) {
         environment_.workspace.copyText(QString::fromStdString(displayText(row->app().url.path())));
     }
 }
@@ -45,7 +45,7 @@ std::vector<ReviewItem> UninstallerViewModel::itemsToReview() const {
 }
 
 void UninstallerViewModel::prepareReview() {
-    if (!selected() || isWorking_) {
+    if (!selected() || isWorking_ || detail_.isLoading()) {
         return;
     }
     banner_ = QString();

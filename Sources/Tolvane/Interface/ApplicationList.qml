@@ -13,18 +13,26 @@ Item {
         filter.take();
     }
 
+    function showSelected(): void {
+        table.currentIndex = controller.selectedRow();
+    }
+
     Connections {
         target: view.controller
 
         function onRowsUpdated(): void {
-            table.currentIndex = view.controller.rowOf(view.controller.detail.appID);
+            view.showSelected();
         }
     }
+    // An identifier may be empty, too.
     Connections {
         target: view.controller.detail
 
         function onAppIDChanged(): void {
-            table.currentIndex = view.controller.rowOf(view.controller.detail.appID);
+            view.showSelected();
+        }
+        function onHasAppChanged(): void {
+            view.showSelected();
         }
     }
 
@@ -56,7 +64,7 @@ Item {
                 rowHeight: 52
                 rowDelegate: ApplicationRow {}
                 accessibleName: qsTr("Applications")
-                onCurrentIndexChanged: view.controller.select(view.controller.idAt(currentIndex))
+                onCurrentIndexChanged: if (currentIndex >= 0) view.controller.select(view.controller.idAt(currentIndex))
                 onRowActivated: view.controller.prepareReview()
                 onContextMenuRequested: (row, x, y) => menu.openFor(view.controller.idAt(row), table, x, y)
                 Keys.onDeletePressed: view.controller.prepareReview()
@@ -71,6 +79,14 @@ Item {
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
             }
+        }
+        FooterLink {
+            objectName: "showFailures"
+            visible: text !== ""
+            iconName: "dialog-warning"
+            ink: Theme.warningText
+            text: view.controller.failuresText
+            onClicked: view.controller.openFailures()
         }
         PlainLabel {
             objectName: "leftOutText"

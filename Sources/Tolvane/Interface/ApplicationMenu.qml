@@ -23,7 +23,7 @@ ContextMenu {
         shortcutText: qsTr("Delete")
         isDestructive: true
         // The menu is that of the row, and opening it has made the row the current one.
-        enabled: menu.appID === menu.controller.detail.appID
+        enabled: menu.appID === menu.controller.detail.appID && menu.controller.detail.removableText !== ""
         onTriggered: menu.controller.prepareReview()
     }
     ContextMenuSeparator {}

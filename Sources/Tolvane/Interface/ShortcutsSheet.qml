@@ -18,7 +18,7 @@ Sheet {
         { keys: "Ctrl+A", text: qsTr("Tick all items, or all copies") },
         { keys: "Left, Right", text: qsTr("Close and open a group of duplicates") },
         { keys: "Menu, Shift+F10", text: qsTr("Show what can be done with the item") },
-        { keys: "Delete", text: qsTr("Review what is ticked, or kill a process") },
+        { keys: "Delete", text: qsTr("Review what is ticked or chosen, or kill a process") },
         { keys: "Ctrl+Z", text: qsTr("Undo the last removal") },
         { keys: "Ctrl+,", text: qsTr("Settings") },
         { keys: "Ctrl+Q", text: qsTr("Quit") },

@@ -85,8 +85,18 @@ Item {
         onRemoveRequested: screen.controller.removeReviewed()
     }
 
+    FailureSheet {
+        id: failures
+
+        title: screen.controller.failuresText
+        folders: screen.controller.failureFolders
+        isShown: screen.controller.showFailures
+        access: screen.controller.access
+        onDismissed: screen.controller.closeFailures()
+    }
+
     ScreenShortcuts {
-        isActive: screen.visible && !review.opened
+        isActive: screen.visible && !review.opened && !failures.opened
         isResult: screen.isResult
         isRunning: screen.controller.activity.isRunning
         canUndo: screen.controller.removal.canUndo
