@@ -13,7 +13,6 @@ namespace tolvane {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class BrokenTrash final : public Trash {
   public:

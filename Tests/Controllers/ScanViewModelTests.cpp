@@ -15,7 +15,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 
 std::vector<std::string> names(const std::vector<FileNode>& nodes) {
     std::vector<std::string> names;
