@@ -41,7 +41,9 @@ TEST_F(CommandLine, refusesWhatItDoesNotKnow) {
     };
     for (const auto& [command, lines] : refused) {
         for (const std::string& line : lines) {
-            const std::string words = command + " " + line;
+            std::string words = command;
+            words += ' ';
+            words += line;
             const CommandResult result = runIn("exec \"$@\" --json " + words, {});
             EXPECT_EQ(result.status, 2) << words;
             EXPECT_THAT(result.output, IsEmpty()) << words;
