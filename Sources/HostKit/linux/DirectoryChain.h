@@ -32,7 +32,9 @@ class DirectoryChain {
 
     const std::string purgeableBelow;
     ListingArena arena;
-    alignas(8) std::array<char, 64 * 1024> buffer;
+    /// Small, since one read of it cannot be cancelled: on a cold disk each 4 KiB of a large
+    /// directory may be a seek of their own.
+    alignas(8) std::array<char, 8 * 1024> buffer;
 
   private:
     static constexpr std::size_t maxDescriptors = 16;
