@@ -191,7 +191,10 @@ TEST_F(PerformanceViewModelTests, endsTheVeryProcessThatWasAskedAbout) {
 TEST_F(PerformanceViewModelTests, startsNoSecondToolBesideOneThatHangs) {
     script("ps", "echo $$ >>'" + home.path("pids") + "'; exec sleep 1000");
     start().setShown(true);
-    waitUntil([this] { return !controller->waitingText().isEmpty(); });
+    waitUntil([this] {
+        return !controller->waitingText().isEmpty() && home.has("pids") &&
+               !home.read("pids").empty();
+    });
     tellMemory(500);
     waitUntil([this] { return controller->memory()->usedFraction() == 0.5; });
     const std::string pids = home.read("pids");
