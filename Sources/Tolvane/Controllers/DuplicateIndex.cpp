@@ -1,7 +1,8 @@
+#include <DuplicatesKit/PathOrder.h>
+
 #include <Controllers/DuplicateIndex.h>
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace tolvane {
@@ -13,10 +14,9 @@ DuplicateIndex::DuplicateIndex(DuplicateScanResult result,
     for (const DuplicateGroup& group : groups()) {
         add(group, uncertain);
     }
-    byPath_.resize(fileCount());
-    std::iota(byPath_.begin(), byPath_.end(), 0);
-    std::sort(byPath_.begin(), byPath_.end(),
-              [this](Position a, Position b) { return file(a).id() < file(b).id(); });
+    byPath_ = PathOrder::of(firsts_.back(), [this](Position position) -> std::string_view {
+        return file(position).id();
+    });
 }
 
 void DuplicateIndex::add(const DuplicateGroup& group, const std::vector<std::string>& uncertain) {
