@@ -123,6 +123,10 @@ TEST_F(DuplicatesTests, canBeWorkedByKeyboardAlone) {
     harness.press(Qt::Key_Z, Qt::ControlModifier);
     ASSERT_TRUE(banner(harness, "Restored 1 file(s)"));
     EXPECT_TRUE(home.has("Downloads/b.bin"));
+    ASSERT_TRUE(waitForResult(harness));
+    harness.press(Qt::Key_End);
+    harness.press(Qt::Key_Space);
+    EXPECT_EQ(controller(harness).selectedCount(), 1) << "the keyboard is the list's again";
 }
 
 TEST_F(DuplicatesTests, theFilterAndTheHelpersChooseAmongTheGroups) {
@@ -214,6 +218,31 @@ TEST_F(DuplicatesTests, aCancelledScanOfADroppedFolderShowsThatItIsNotAll) {
     EXPECT_TRUE(harness.shows("Nothing found so far"));
     harness.press(Qt::Key_F5);
     ASSERT_TRUE(waitForResult(harness));
+}
+
+TEST_F(DuplicatesTests, aResultThatComesUnseenLeavesTheKeysWhereTheyAre) {
+    fillWithCopies(home);
+    Gate gate;
+    Harness harness(home, {.files = [&](std::shared_ptr<const FileManager> files) {
+                        return gated(gate, std::move(files), home.url("data"));
+                    }});
+    harness.controller().scan(home.url("data"), "test");
+    harness.showModule("Duplicates");
+    controller(harness).setMinimumSize(Bytes{1});
+    controller(harness).scanRoot(home.url("data"));
+    harness.showModule("Uninstaller");
+    harness.press(Qt::Key_F, Qt::ControlModifier);
+    harness.type("ab");
+    gate.open();
+    ASSERT_TRUE(waitForResult(harness));
+    ASSERT_TRUE(
+        harness.eventually([&] { return harness.controller().stage() == Ui::Stage::Result; }));
+    harness.type("c");
+    EXPECT_EQ(harness.find("filter")->property("text").toString(), "abc");
+    harness.showModule("Duplicates");
+    harness.press(Qt::Key_End);
+    harness.press(Qt::Key_Space);
+    EXPECT_EQ(controller(harness).selectedCount(), 1) << "now they are its own";
 }
 
 }

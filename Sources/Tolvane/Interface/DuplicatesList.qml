@@ -9,8 +9,9 @@ Item {
     required property DuplicatesViewModel controller
     readonly property DuplicatesModel rows: controller.rows
 
+    /// The keyboard is theirs once it is this screen's.
     function focusRows(): void {
-        table.forceActiveFocus(Qt.OtherFocusReason);
+        table.focus = true;
     }
 
     /// As in a tree: Left closes a group or leads to its header, Right opens it or leads on.

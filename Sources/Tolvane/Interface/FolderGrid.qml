@@ -17,7 +17,7 @@ GridView {
     property bool usesKeyboard: true
 
     function focusItems(): void {
-        forceActiveFocus(Qt.OtherFocusReason);
+        focus = true;
     }
 
     function take(row: int): void {

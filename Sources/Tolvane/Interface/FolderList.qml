@@ -11,7 +11,7 @@ Item {
     required property bool isShown
 
     function focusItems(): void {
-        table.forceActiveFocus(Qt.OtherFocusReason);
+        table.focus = true;
     }
 
     function idAt(row: int): string {

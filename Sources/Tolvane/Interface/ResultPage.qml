@@ -11,6 +11,7 @@ Item {
     readonly property bool isList: controller.spaceAnalysisView === "list"
     readonly property bool hasRoomForInspector: width >= 760
 
+    /// The keyboard is theirs once it is this screen's.
     function focusItems(): void {
         if (isList) {
             list.focusItems();
