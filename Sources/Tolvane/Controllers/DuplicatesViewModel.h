@@ -122,11 +122,11 @@ class DuplicatesViewModel : public QObject {
     Q_INVOKABLE void chooseRoot();
     /// Looks through `root` with the minimum size as it is now.
     Q_INVOKABLE void scan();
-    /// `root` becomes the folder that is looked through.
     /// What the scan found until now still becomes the result.
     Q_INVOKABLE void cancel();
     /// Stops the scan; one that was cancelled and does not come back is given up.
     Q_INVOKABLE void cancelActivity();
+    /// `root` becomes the folder that is looked through.
     void scanRoot(const FileURL& root);
     /// The first of `urls` that is a local folder becomes the root, once the disk has told.
     Q_INVOKABLE void scanDropped(const QList<QUrl>& urls);
