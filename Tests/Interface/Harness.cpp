@@ -122,8 +122,10 @@ QQuickItem* Harness::wait(const std::function<bool(const QQuickItem&)>& isWanted
 }
 
 void Harness::click(const QString& objectName) {
-    QQuickItem* const item = find(objectName);
-    ASSERT_NE(item, nullptr) << "nothing is called " << objectName.toStdString();
+    QQuickItem* const item = wait([&objectName](const QQuickItem& each) {
+        return each.objectName() == objectName && each.isEnabled();
+    });
+    ASSERT_NE(item, nullptr) << "nothing to click is called " << objectName.toStdString();
     click(item);
 }
 

@@ -17,7 +17,7 @@ Sheet {
     objectName: "reviewSheet"
     title: qsTr("Move %1 to the Trash?").arg(removal.countText)
     preferredWidth: 620
-    note: qsTr("Total: %1").arg(removal.totalText)
+    note: removal.isChecking ? qsTr("Checking the items...") : qsTr("Total: %1").arg(removal.totalText)
     defaultButton: cancel
     isShown: removal.showReview
     onDismissed: removal.closeReview()
@@ -88,7 +88,8 @@ Sheet {
         },
         DestructiveButton {
             objectName: "reviewRemove"
-            enabled: !sheet.removal.isRemoving
+            // Nobody agrees to what they have not been warned of yet.
+            enabled: !sheet.removal.isRemoving && !sheet.removal.isChecking
             text: sheet.removal.isRemoving ? qsTr("Moving...") : qsTr("Move to Trash")
             onClicked: sheet.removeRequested()
         }
