@@ -1,3 +1,4 @@
+#include <HostKit/Lines.h>
 #include <Services/ByteFormat.h>
 #include <Services/CountFormat.h>
 
@@ -97,13 +98,6 @@ std::string takeWhole(std::string_view& text) {
         text = rest;
     }
     return whole;
-}
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t";
-    const std::size_t first = std::min(text.find_first_not_of(blanks), text.size());
-    const std::size_t last = text.find_last_not_of(blanks);
-    return text.substr(first, last == std::string_view::npos ? 0 : last + 1 - first);
 }
 
 std::optional<Bytes> unitNamed(std::string_view name) {

@@ -7,7 +7,8 @@
 namespace tolvane {
 namespace {
 
-std::string_view trimmed(std::string_view text) {
+/// Without blanks at both ends; line breaks are part of what is looked for.
+std::string_view withoutBlanks(std::string_view text) {
     constexpr const char* blanks = " \t";
     text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
     return text.substr(0, text.find_last_not_of(blanks) + 1);
@@ -16,7 +17,7 @@ std::string_view trimmed(std::string_view text) {
 }
 
 PortsFilter::PortsFilter(std::string_view query)
-    : needle_(lowercased(trimmed(query))) {}
+    : needle_(lowercased(withoutBlanks(query))) {}
 
 bool PortsFilter::matches(const PortListener& listener) const {
     const auto isIn = [this](const std::string& text) {
