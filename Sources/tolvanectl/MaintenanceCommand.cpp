@@ -46,17 +46,23 @@ MaintenanceOutcome purge(const Work& work) {
 }
 
 struct Action {
+    /// Whether an administrator may be asked, perhaps on this very terminal.
+    enum class Rights { user, administrator };
+
     const char* name;
+    Rights rights;
     MaintenanceOutcome (*run)(const Work& work);
 };
 
 constexpr std::array<Action, 5> actions{
-    {{"dns", [](const Work& work) { return work.service.flushDNS(work.isCancelled); }},
-     {"ls", [](const Work& work) { return work.service.rebuildLaunchServices(work.isCancelled); }},
-     {"spotlight",
+    {{"dns", Action::Rights::user,
+      [](const Work& work) { return work.service.flushDNS(work.isCancelled); }},
+     {"ls", Action::Rights::user,
+      [](const Work& work) { return work.service.rebuildLaunchServices(work.isCancelled); }},
+     {"spotlight", Action::Rights::user,
       [](const Work& work) { return work.service.reindexSpotlight("/", work.isCancelled); }},
-     {"snapshots", thinSnapshots},
-     {"purge", purge}}};
+     {"snapshots", Action::Rights::administrator, thinSnapshots},
+     {"purge", Action::Rights::administrator, purge}}};
 
 const Action* actionNamed(const std::string& name) {
     const auto found = std::find_if(actions.begin(), actions.end(),
@@ -79,13 +85,16 @@ class MaintenanceCommand : public Command {
     }
 
     Exit run(Console& console, const Host& host) override {
+        const Action& action = *actionNamed(action_);
         const Work work{host, {host.layout, host.files}, [&] {
-                            if (console.progress().isDue()) {
+                            // It would be drawn over the question.
+                            if (action.rights == Action::Rights::user &&
+                                console.progress().isDue()) {
                                 console.progress().show("Running", "");
                             }
                             return console.isCancelled();
                         }};
-        const MaintenanceOutcome outcome = actionNamed(action_)->run(work);
+        const MaintenanceOutcome outcome = action.run(work);
         console.progress().clear();
         if (console.writesJSON()) {
             print(console.out(),
