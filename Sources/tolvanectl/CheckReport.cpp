@@ -52,35 +52,6 @@ void printDuplicates(Console& console, const BrightpassReport& report) {
     console.out().format("{} below {}\n", what, shownText(found.root.path()));
 }
 
-JSON toJson(const JunkCategory& category) {
-    JSON object = JSON::object();
-    putPath(object, "id", category.id());
-    putPath(object, "name", category.name);
-    putPath(object, "path", category.url.path());
-    object["bytes"] = category.bytes;
-    object["exists"] = category.exists();
-    return object;
-}
-
-JSON toJson(const AppLeftoverSummary& summary) {
-    JSON leftovers = JSON::array();
-    for (const LeftoverItem& item : summary.leftovers) {
-        leftovers.push_back(toJson(item));
-    }
-    return {{"app", toJson(summary.app)},
-            {"leftovers", std::move(leftovers)},
-            {"bytes", summary.bytes()}};
-}
-
-template <class Record>
-JSON listOf(const std::vector<Record>& records) {
-    JSON list = JSON::array();
-    for (const Record& record : records) {
-        list.push_back(toJson(record));
-    }
-    return list;
-}
-
 }
 
 void printAsText(Console& console, const BrightpassReport& report, bool isPartial) {

@@ -92,6 +92,80 @@ JSON toJson(const PortListener& listener) {
     return object;
 }
 
+JSON toJson(const MemoryStats& memory) {
+    return {{"total", memory.total},
+            {"free", memory.free},
+            {"active", memory.active},
+            {"inactive", memory.inactive},
+            {"wired", memory.wired},
+            {"compressed", memory.compressed},
+            {"purgeable", memory.purgeable},
+            {"speculative", memory.speculative},
+            {"swapTotal", memory.swapTotal},
+            {"swapUsed", memory.swapUsed},
+            {"pressureLevel", memory.pressureLevel},
+            {"used", memory.used()},
+            {"usedFraction", memory.usedFraction()},
+            {"pressureLabel", memory.pressureLabel()}};
+}
+
+JSON toJson(const VolumeStats& volume) {
+    JSON object = JSON::object();
+    putPath(object, "name", volume.name);
+    object["total"] = volume.total;
+    object["available"] = volume.available;
+    object["importantAvailable"] = volume.importantAvailable;
+    object["opportunisticAvailable"] = volume.opportunisticAvailable;
+    object["usedFraction"] = volume.usedFraction();
+    return object;
+}
+
+JSON toJson(const HeavyProcess& process) {
+    JSON object{{"pid", process.pid}};
+    putPath(object, "name", process.name);
+    object["rssBytes"] = process.rssBytes;
+    object["cpuPercent"] = process.cpuPercent;
+    putPath(object, "displayName", process.displayName());
+    return object;
+}
+
+JSON toJson(const StartupAgent& agent) {
+    JSON object = JSON::object();
+    putPath(object, "id", agent.id());
+    putPath(object, "label", agent.label);
+    object["program"] = JSON();
+    if (agent.program) {
+        putPath(object, "program", *agent.program);
+    }
+    object["runAtLoad"] = agent.runAtLoad;
+    putPath(object, "path", agent.url.path());
+    object["scope"] = agent.scope;
+    return object;
+}
+
+JSON toJson(const LocalSnapshot& snapshot) {
+    return {{"id", snapshot.id()},
+            {"date", snapshot.date},
+            {"volume", snapshot.volume},
+            {"purgeable", snapshot.purgeable ? JSON(*snapshot.purgeable) : JSON()}};
+}
+
+JSON toJson(const JunkCategory& category) {
+    JSON object = JSON::object();
+    putPath(object, "id", category.id());
+    putPath(object, "name", category.name);
+    putPath(object, "path", category.url.path());
+    object["bytes"] = category.bytes;
+    object["exists"] = category.exists();
+    return object;
+}
+
+JSON toJson(const AppLeftoverSummary& summary) {
+    return {{"app", toJson(summary.app)},
+            {"leftovers", listOf(summary.leftovers)},
+            {"bytes", summary.bytes()}};
+}
+
 JSON toJson(const RemovalReceipt& receipt) {
     JSON object = {{"id", text(receipt.id)}};
     putPath(object, "original", receipt.original.path());

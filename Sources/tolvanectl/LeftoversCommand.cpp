@@ -61,12 +61,8 @@ class LeftoversCommand : public Command {
   private:
     static void printJSON(Console& console, const InstalledApp& app,
                           const std::vector<LeftoverItem>& items) {
-        JSON list = JSON::array();
-        for (const LeftoverItem& item : items) {
-            list.push_back(toJson(item));
-        }
         print(console.out(), JSON{{"app", toJson(app)},
-                                  {"leftovers", std::move(list)},
+                                  {"leftovers", listOf(items)},
                                   {"totalSize", LeftoverFinder::totalSize(items)}});
     }
 

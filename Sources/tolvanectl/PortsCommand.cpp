@@ -70,11 +70,7 @@ class PortsCommand : public Command {
 
     void show(Console& console, const Look& look) const {
         if (console.writesJSON()) {
-            JSON list = JSON::array();
-            for (const PortListener& listener : look.listeners) {
-                list.push_back(toJson(listener));
-            }
-            print(console.out(), list);
+            print(console.out(), listOf(look.listeners));
             return;
         }
         if (watches_) {

@@ -86,11 +86,7 @@ class SizeCommand : public Command {
 
     static void print(Console& console, const std::vector<ItemSize>& sizes) {
         if (console.writesJSON()) {
-            JSON list = JSON::array();
-            for (const ItemSize& size : sizes) {
-                list.push_back(toJson(size));
-            }
-            tolvane::print(console.out(), list);
+            tolvane::print(console.out(), listOf(sizes));
             return;
         }
         Table table({Alignment::right, Alignment::right, Alignment::left});

@@ -65,11 +65,7 @@ class TrashCommand : public Command {
             return console.fail(moved.error().description());
         }
         if (console.writesJSON()) {
-            JSON list = JSON::array();
-            for (const RemovalReceipt& receipt : *moved) {
-                list.push_back(toJson(receipt));
-            }
-            print(console.out(), JSON{{"receipts", std::move(list)}});
+            print(console.out(), JSON{{"receipts", listOf(*moved)}});
             return Exit::done;
         }
         for (const RemovalReceipt& receipt : *moved) {
