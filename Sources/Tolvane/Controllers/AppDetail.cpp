@@ -1,7 +1,7 @@
-#include <Services/ByteFormat.h>
 #include <UninstallerKit/LeftoverFinder.h>
 
 #include <Controllers/AppDetail.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 #include <Controllers/UninstallerTexts.h>
 
@@ -59,7 +59,7 @@ void AppDetail::apply(UninstallerScan::Detail found) {
     found_ = std::move(found);
     rows_.reset(LeftoverRows::grouped(found_.leftovers, found_.origins));
     isLoading_ = false;
-    sizeText_ = shownText(ByteFormat::text(found_.appSize));
+    sizeText_ = shownSize(found_.appSize);
     leftoversText_ = UninstallerTexts::leftovers(found_);
     removableText_ = UninstallerTexts::removable(found_);
     protectedText_ = UninstallerTexts::protectedItems(found_);

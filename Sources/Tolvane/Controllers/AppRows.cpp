@@ -1,7 +1,7 @@
 #include <HostKit/Text.h>
-#include <Services/ByteFormat.h>
 
 #include <Controllers/AppRows.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 
 #include <QByteArray>
@@ -28,7 +28,7 @@ constexpr QByteArray::Base64Options encoding =
     QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals;
 
 QString sizeText(const AppRow& row) {
-    return row.size ? shownText(ByteFormat::text(*row.size)) : QString();
+    return row.size ? shownSize(*row.size) : QString();
 }
 
 QString accessibleText(const AppRow& row) {

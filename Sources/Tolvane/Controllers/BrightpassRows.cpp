@@ -1,7 +1,6 @@
-#include <Services/CountFormat.h>
-
 #include <Controllers/BrightpassRows.h>
 #include <Controllers/ScanTexts.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 
 #include <QStringList>
@@ -11,22 +10,16 @@
 namespace tolvane::BrightpassRows {
 namespace {
 
-using ScanTexts::size;
-
 constexpr std::size_t mostGroups = 200;
 
 double shareOf(Bytes bytes, Bytes total) {
     return total > 0 ? static_cast<double>(bytes) / static_cast<double>(total) : 0;
 }
 
-QString counted(std::size_t count, std::string_view noun) {
-    return shownText(CountFormat::counted(static_cast<std::int64_t>(count), noun));
-}
-
 BrightpassRow part(const char* name, Bytes bytes, Bytes total) {
     return {.name = QString::fromUtf8(name),
             .note = {},
-            .sizeText = size(bytes),
+            .sizeText = shownSize(bytes),
             .share = shareOf(bytes, total)};
 }
 
@@ -59,7 +52,7 @@ std::vector<BrightpassRow> junk(const BrightpassReport& report) {
         rows.push_back(
             {.name = shownText(category.name),
              .note = shownPath(category.url),
-             .sizeText = category.exists() ? size(category.bytes) : QStringLiteral("Nothing"),
+             .sizeText = category.exists() ? shownSize(category.bytes) : QStringLiteral("Nothing"),
              .share = shareOf(category.bytes, total),
              .isThere = category.exists()});
     }
@@ -72,8 +65,8 @@ std::vector<BrightpassRow> apps(const BrightpassReport& report) {
     rows.reserve(report.apps.size());
     for (const AppLeftoverSummary& summary : report.apps) {
         rows.push_back({.name = shownText(summary.app.name),
-                        .note = counted(summary.leftovers.size(), "item"),
-                        .sizeText = size(summary.bytes()),
+                        .note = shownCount(std::ssize(summary.leftovers), "item"),
+                        .sizeText = shownSize(summary.bytes()),
                         .share = shareOf(summary.bytes(), total)});
     }
     return rows;
@@ -88,9 +81,9 @@ std::vector<BrightpassRow> duplicates(const BrightpassReport& report) {
     const std::vector<DuplicateGroup>& groups = report.duplicates->groups;
     for (std::size_t i = 0; i < std::min(groups.size(), mostGroups); ++i) {
         rows.push_back({.name = shownText(groups[i].files.front().url.lastPathComponent()),
-                        .note = counted(groups[i].files.size(), "file") + QStringLiteral(" of ") +
-                                size(groups[i].size),
-                        .sizeText = size(groups[i].wastedBytes()),
+                        .note = shownCount(std::ssize(groups[i].files), "file") +
+                                QStringLiteral(" of ") + shownSize(groups[i].size),
+                        .sizeText = shownSize(groups[i].wastedBytes()),
                         .share = shareOf(groups[i].wastedBytes(), total)});
     }
     return rows;
@@ -104,7 +97,7 @@ std::vector<BrightpassRow> parts(const BrightpassReport& report) {
 }
 
 QString headline(const BrightpassReport& report) {
-    return QStringLiteral("Up to %1 can be reclaimed").arg(size(report.reclaimableBytes()));
+    return QStringLiteral("Up to %1 can be reclaimed").arg(shownSize(report.reclaimableBytes()));
 }
 
 QString elapsed(const BrightpassReport& report, bool isPartial) {
@@ -116,7 +109,7 @@ QString elapsed(const BrightpassReport& report, bool isPartial) {
 QString appsSummary(const BrightpassReport& report, bool isPartial) {
     return report.apps.empty()
                ? isPartial ? QStringLiteral("None so far") : QStringLiteral("Nothing was found")
-               : counted(report.apps.size(), "application");
+               : shownCount(std::ssize(report.apps), "application");
 }
 
 QString duplicatesSummary(const BrightpassReport& report, bool isPartial) {
@@ -125,9 +118,10 @@ QString duplicatesSummary(const BrightpassReport& report, bool isPartial) {
     }
     const QString place = ScanTexts::name(report.duplicates->root);
     const QString none = isPartial ? QStringLiteral("None so far in ") : QStringLiteral("None in ");
-    return report.duplicates->groups.empty() ? none + place
-                                             : counted(report.duplicates->groups.size(), "group") +
-                                                   QStringLiteral(" in ") + place;
+    return report.duplicates->groups.empty()
+               ? none + place
+               : shownCount(std::ssize(report.duplicates->groups), "group") +
+                     QStringLiteral(" in ") + place;
 }
 
 }

@@ -3,7 +3,7 @@
 #include <BrightpassKit/BrightpassScanner.h>
 #include <Controllers/BrightpassViewModel.h>
 #include <Controllers/ScanRoles.h>
-#include <Controllers/ScanTexts.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 #include <fmt/format.h>
 
@@ -133,10 +133,10 @@ void BrightpassViewModel::replaceReport(std::shared_ptr<const BrightpassReport> 
 
 void BrightpassViewModel::publishReport() {
     headline_ = BrightpassRows::headline(*report_);
-    totalText_ = ScanTexts::size(report_->reclaimableBytes());
-    junkText_ = ScanTexts::size(report_->junkBytes());
-    leftoverText_ = ScanTexts::size(report_->leftoverBytes());
-    duplicateText_ = ScanTexts::size(report_->duplicateBytes());
+    totalText_ = shownSize(report_->reclaimableBytes());
+    junkText_ = shownSize(report_->junkBytes());
+    leftoverText_ = shownSize(report_->leftoverBytes());
+    duplicateText_ = shownSize(report_->duplicateBytes());
     appsSummary_ = BrightpassRows::appsSummary(*report_, isPartial_);
     duplicatesSummary_ = BrightpassRows::duplicatesSummary(*report_, isPartial_);
     elapsedText_ = BrightpassRows::elapsed(*report_, isPartial_);

@@ -1,7 +1,5 @@
-#include <Services/CountFormat.h>
-
 #include <Controllers/FailureFolder.h>
-#include <Controllers/ShownText.h>
+#include <Controllers/ShownFigures.h>
 
 #include <algorithm>
 #include <unordered_map>
@@ -26,9 +24,9 @@ std::vector<FailureFolder> failuresByFolder(const std::vector<ScanFailure>& fail
 }
 
 QString unreadFoldersText(const std::vector<ScanFailure>& failures) {
-    return failures.empty() ? QString()
-                            : shownText(CountFormat::counted(std::ssize(failures), "folder") +
-                                        " could not be read");
+    return failures.empty()
+               ? QString()
+               : shownCount(std::ssize(failures), "folder") + QStringLiteral(" could not be read");
 }
 
 }

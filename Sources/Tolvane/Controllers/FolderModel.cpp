@@ -1,10 +1,10 @@
 #include <HostKit/Collation.h>
 #include <Services/ByteFormat.h>
-#include <Services/CountFormat.h>
 #include <Services/NotCounted.h>
 
 #include <Controllers/FolderModel.h>
 #include <Controllers/ItemText.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 
 #include <algorithm>
@@ -254,15 +254,15 @@ QVariant FolderModel::value(const Row& row, int role) const {
     case IsDirectory:
         return item.isDirectory();
     case SizeText:
-        return shownText(ByteFormat::text(row.size));
+        return shownSize(row.size);
     case Share:
         return share(row.size);
     case ShareText:
         return percentText(share(row.size));
     case ItemsText:
-        return item.isDirectory() ? shownText(CountFormat::counted(row.items, "item")) : QString();
+        return item.isDirectory() ? shownCount(row.items, "item") : QString();
     case ItemCountText:
-        return item.isDirectory() ? shownText(CountFormat::grouped(row.items)) : QString();
+        return item.isDirectory() ? shownNumber(row.items) : QString();
     case ModifiedText:
         return dayText(item.modified());
     case PathText:

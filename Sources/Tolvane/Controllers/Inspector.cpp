@@ -1,21 +1,17 @@
-#include <Services/ByteFormat.h>
-#include <Services/CountFormat.h>
-
 #include <Controllers/Inspector.h>
 #include <Controllers/ItemText.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 
 namespace tolvane {
 namespace {
 
 QString sizeText(Bytes size) {
-    return QStringLiteral("%1 (%2)").arg(shownText(ByteFormat::text(size)),
-                                         shownText(CountFormat::counted(size, "byte")));
+    return QStringLiteral("%1 (%2)").arg(shownSize(size), shownCount(size, "byte"));
 }
 
 QString countText(std::int64_t files, std::int64_t folders) {
-    return shownText(CountFormat::counted(files, "file") + ", " +
-                     CountFormat::counted(folders, "folder"));
+    return shownCount(files, "file") + QStringLiteral(", ") + shownCount(folders, "folder");
 }
 
 std::vector<Detail> detailsOf(const FileNode& node) {
@@ -83,7 +79,7 @@ void Inspector::tellOfLinks(LinkCount count) {
     std::vector<Detail> details = details_.records();
     details.push_back({QStringLiteral("Hard links"),
                        QStringLiteral("%1 names of one file: space returns when all are gone")
-                           .arg(shownText(CountFormat::grouped(*count)))});
+                           .arg(shownNumber(*count))});
     details_.update(std::move(details));
 }
 

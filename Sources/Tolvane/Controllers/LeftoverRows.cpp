@@ -1,7 +1,5 @@
-#include <Services/ByteFormat.h>
-#include <Services/CountFormat.h>
-
 #include <Controllers/LeftoverRows.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 
 #include <QStringList>
@@ -19,10 +17,6 @@ struct Group {
     Bytes size = 0;
 };
 
-QString sizeText(Bytes size) {
-    return shownText(ByteFormat::text(size));
-}
-
 bool isExact(const ShownLeftover& leftover) {
     return leftover.origin.certainty == LeftoverOrigin::Certainty::exact;
 }
@@ -39,7 +33,7 @@ QString protectedText(const ShownLeftover& leftover) {
 
 QString accessibleText(const ShownLeftover& leftover) {
     QStringList parts{shownText(leftover.item.kind), shownPath(leftover.item.url),
-                      sizeText(leftover.item.size), certaintyText(leftover)};
+                      shownSize(leftover.item.size), certaintyText(leftover)};
     for (const QString& part : {othersText(leftover.origin), protectedText(leftover)}) {
         if (!part.isEmpty()) {
             parts.append(part);
@@ -49,9 +43,9 @@ QString accessibleText(const ShownLeftover& leftover) {
 }
 
 QString groupText(const std::string& kind, const Group& group) {
-    const auto count = static_cast<std::int64_t>(group.positions.size());
-    return shownText(kind + ": " + CountFormat::counted(count, "item") + ", " +
-                     ByteFormat::text(group.size));
+    return QStringLiteral("%1: %2, %3")
+        .arg(shownText(kind), shownCount(std::ssize(group.positions), "item"),
+             shownSize(group.size));
 }
 
 }
@@ -62,7 +56,7 @@ std::vector<RecordModel<ShownLeftover>::Role> roles() {
             {"groupText", [](Row row) { return row.groupText; }},
             {"name", [](Row row) { return shownText(row.item.url.lastPathComponent()); }},
             {"pathText", [](Row row) { return shownPath(row.item.url); }},
-            {"sizeText", [](Row row) { return sizeText(row.item.size); }},
+            {"sizeText", [](Row row) { return shownSize(row.item.size); }},
             {"isExact", [](Row row) { return isExact(row); }},
             {"certaintyText", [](Row row) { return certaintyText(row); }},
             {"othersText", [](Row row) { return othersText(row.origin); }},
@@ -106,8 +100,7 @@ QString othersText(const LeftoverOrigin& origin) {
     }
     const auto more = static_cast<std::int64_t>(origin.otherApps.size()) - names.size();
     const QString rest =
-        more > 0 ? QStringLiteral(" and %1 more").arg(shownText(CountFormat::grouped(more)))
-                 : QString();
+        more > 0 ? QStringLiteral(" and %1 more").arg(shownNumber(more)) : QString();
     return QStringLiteral("Also matches ") + names.join(QStringLiteral(", ")) + rest;
 }
 

@@ -1,5 +1,6 @@
 #include <Controllers/PerformanceRows.h>
 #include <Controllers/PerformanceTexts.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 #include <fmt/format.h>
 
@@ -20,7 +21,7 @@ QString cpu(const ListedProcess& listed) {
 
 FigureRow part(const char* title, Bytes bytes, Bytes total) {
     return {.title = QString::fromUtf8(title),
-            .figure = PerformanceTexts::size(bytes),
+            .figure = shownSize(bytes),
             .share = total > 0 ? static_cast<double>(bytes) / static_cast<double>(total) : 0};
 }
 
@@ -42,7 +43,7 @@ std::vector<RecordModel<ListedProcess>::Role> processRoles() {
     using Row = const ListedProcess&;
     const auto name = [](Row row) { return shownText(row.process.displayName()); };
     const auto pid = [](Row row) { return QString::number(row.process.pid); };
-    const auto size = [](Row row) { return PerformanceTexts::size(row.process.rssBytes); };
+    const auto size = [](Row row) { return shownSize(row.process.rssBytes); };
     return {{"processID", [](Row row) { return idOf(row); }},
             {"nameText", name},
             {"fullName", [](Row row) { return shownText(row.process.name); }},

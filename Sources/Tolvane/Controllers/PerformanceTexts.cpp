@@ -2,24 +2,13 @@
 #include <Services/CountFormat.h>
 
 #include <Controllers/PerformanceTexts.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 #include <fmt/format.h>
 
 #include <algorithm>
 
 namespace tolvane::PerformanceTexts {
-namespace {
-
-std::string counted(std::size_t count, std::string_view noun) {
-    return CountFormat::counted(static_cast<std::int64_t>(count), noun);
-}
-
-}
-
-QString size(Bytes bytes) {
-    return shownText(ByteFormat::text(bytes));
-}
-
 QString used(const MemoryStats& memory) {
     return shownText(fmt::format("{} of {} used ({})", ByteFormat::text(memory.used()),
                                  ByteFormat::text(memory.total),
@@ -34,14 +23,14 @@ QString available(const VolumeStats& volume) {
 
 QString availableNote(const VolumeStats& volume) {
     return volume.importantAvailable > volume.available
-               ? size(volume.importantAvailable) + QStringLiteral(" when it is important")
+               ? shownSize(volume.importantAvailable) + QStringLiteral(" when it is important")
                : QStringLiteral("What is kept for the system counts as used");
 }
 
 QString swap(const MemoryStats& memory) {
-    return memory.swapTotal == 0 ? QStringLiteral("None")
-                                 : shownText(ByteFormat::text(memory.swapUsed) + " of " +
-                                             ByteFormat::text(memory.swapTotal));
+    return memory.swapTotal == 0
+               ? QStringLiteral("None")
+               : shownSize(memory.swapUsed) + QStringLiteral(" of ") + shownSize(memory.swapTotal);
 }
 
 QString history(const MemoryHistory& history) {
@@ -66,14 +55,13 @@ QString quitQuestion(const HeavyProcess& process) {
 }
 
 QString agents(const std::vector<StartupAgent>& agents) {
-    const auto atOnce = static_cast<std::size_t>(std::count_if(
-        agents.begin(), agents.end(), [](const auto& agent) { return agent.runAtLoad; }));
     if (agents.empty()) {
         return QStringLiteral("Nothing starts by itself");
     }
-    return shownText(counted(agents.size(), "item") + ", " +
-                     CountFormat::grouped(static_cast<std::int64_t>(atOnce)) +
-                     " of them started at log-in or boot");
+    const auto atOnce = std::count_if(agents.begin(), agents.end(),
+                                      [](const auto& agent) { return agent.runAtLoad; });
+    return QStringLiteral("%1, %2 of them started at log-in or boot")
+        .arg(shownCount(std::ssize(agents), "item"), shownNumber(atOnce));
 }
 
 QString start(const StartupAgent& agent) {
@@ -93,12 +81,11 @@ QString snapshots(const SnapshotInventory& inventory) {
     if (all.empty()) {
         return QStringLiteral("None are kept on this disk");
     }
-    const auto purgeable =
-        static_cast<std::int64_t>(std::count_if(all.begin(), all.end(), [](const auto& snapshot) {
-            return snapshot.purgeable.value_or(false);
-        }));
-    return shownText(counted(all.size(), "snapshot") + ", " + CountFormat::grouped(purgeable) +
-                     " of them purgeable");
+    const auto purgeable = std::count_if(all.begin(), all.end(), [](const auto& snapshot) {
+        return snapshot.purgeable.value_or(false);
+    });
+    return QStringLiteral("%1, %2 of them purgeable")
+        .arg(shownCount(std::ssize(all), "snapshot"), shownNumber(purgeable));
 }
 
 QString date(const LocalSnapshot& snapshot) {

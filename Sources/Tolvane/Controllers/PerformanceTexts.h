@@ -19,7 +19,6 @@ namespace tolvane::PerformanceTexts {
 /// What is said of an action that has not ended.
 inline constexpr const char* running = "Running…";
 
-QString size(Bytes bytes);
 /// "9.1 GB of 16 GB used (57 %)"
 QString used(const MemoryStats& memory);
 /// "412 GB of 1 TB available (59 % used)"

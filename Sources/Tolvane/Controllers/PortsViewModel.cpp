@@ -1,10 +1,10 @@
 #include <HostKit/Text.h>
-#include <Services/CountFormat.h>
 #include <Services/PortTexts.h>
 #include <Services/PortsFilter.h>
 
 #include <Controllers/PortRows.h>
 #include <Controllers/PortsViewModel.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 #include <fmt/format.h>
 
@@ -169,8 +169,7 @@ void PortsViewModel::showRows() {
     Q_EMIT rowsUpdated();
     isUpdating_ = false;
     hasListeners_ = all > 0;
-    const std::string count = CountFormat::counted(all, "listener");
-    countText_ = shownText(shown == all ? count : CountFormat::grouped(shown) + " of " + count);
+    countText_ = shownPart(shown, all, "listener");
     emptyText_ = shown > 0     ? QString()
                  : !hasResult_ ? QStringLiteral("The listeners are not known yet")
                  : all == 0    ? QStringLiteral("No process listens on a TCP port")

@@ -1,7 +1,5 @@
-#include <Services/ByteFormat.h>
-#include <Services/CountFormat.h>
-
 #include <Controllers/Removal.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 
 #include <algorithm>
@@ -13,8 +11,7 @@ namespace {
 std::vector<RecordModel<ReviewRow>::Role> roles() {
     return {{"name", [](const ReviewRow& row) { return shownText(row.item.name); }},
             {"pathText", [](const ReviewRow& row) { return shownText(row.item.url.path()); }},
-            {"sizeText",
-             [](const ReviewRow& row) { return shownText(ByteFormat::text(row.item.size)); }},
+            {"sizeText", [](const ReviewRow& row) { return shownSize(row.item.size); }},
             {"isDirectory", [](const ReviewRow& row) { return row.item.isDirectory; }},
             {"iconName",
              [](const ReviewRow& row) {
@@ -188,8 +185,8 @@ void Removal::publishCounts() {
     const std::vector<ReviewRow>& rows = rows_.records();
     troubledCount_ = static_cast<int>(std::count_if(rows.begin(), rows.end(), isTroubled));
     warnedCount_ = static_cast<int>(std::count_if(rows.begin(), rows.end(), isWarned));
-    countText_ = shownText(CountFormat::counted(rows_.rowCount(), "item"));
-    totalText_ = shownText(ByteFormat::text(reviewedSize()));
+    countText_ = shownCount(rows_.rowCount(), "item");
+    totalText_ = shownSize(reviewedSize());
 }
 
 void Removal::remove(std::vector<Step> steps) {

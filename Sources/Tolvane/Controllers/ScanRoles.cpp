@@ -1,7 +1,5 @@
-#include <Services/CountFormat.h>
-
 #include <Controllers/ScanRoles.h>
-#include <Controllers/ScanTexts.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 
 namespace tolvane::ScanRoles {
@@ -16,11 +14,10 @@ std::vector<RecordModel<FileNode>::Role> crumb() {
 }
 
 std::vector<RecordModel<FileNode>::Role> purgeableFile() {
-    return {
-        {"nodeID", nodeID},
-        {"name", [](const FileNode& node) { return shownText(node.name()); }},
-        {"pathText", [](const FileNode& node) { return shownPath(node.url()); }},
-        {"sizeText", [](const FileNode& node) { return ScanTexts::size(node.allocatedSize()); }}};
+    return {{"nodeID", nodeID},
+            {"name", [](const FileNode& node) { return shownText(node.name()); }},
+            {"pathText", [](const FileNode& node) { return shownPath(node.url()); }},
+            {"sizeText", [](const FileNode& node) { return shownSize(node.allocatedSize()); }}};
 }
 
 std::vector<RecordModel<QuickLocation>::Role>
@@ -34,9 +31,8 @@ quickPlace(const std::shared_ptr<const FileManager>& files) {
 
 std::vector<RecordModel<FailureFolder>::Role> failureFolder() {
     return {{"pathText", [](const FailureFolder& folder) { return shownPath(folder.folder); }},
-            {"countText", [](const FailureFolder& folder) {
-                 return shownText(CountFormat::counted(folder.count, "item"));
-             }}};
+            {"countText",
+             [](const FailureFolder& folder) { return shownCount(folder.count, "item"); }}};
 }
 
 }

@@ -1,8 +1,7 @@
 #include <ScanKit/ScanOptions.h>
-#include <Services/ByteFormat.h>
-#include <Services/CountFormat.h>
 
 #include <Controllers/ScanTexts.h>
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 
 #include <QStringList>
@@ -10,10 +9,6 @@
 
 namespace tolvane::ScanTexts {
 namespace {
-
-QString counted(std::size_t count, std::string_view noun) {
-    return shownText(CountFormat::counted(static_cast<std::int64_t>(count), noun));
-}
 
 QString plural(std::size_t count) {
     return count == 1 ? QString() : QStringLiteral("s");
@@ -26,25 +21,22 @@ QString name(const FileURL& url) {
     return shownText(last.empty() ? std::string_view(url.path()) : last);
 }
 
-QString size(Bytes size) {
-    return shownText(ByteFormat::text(size));
-}
-
 QString contents(const NodeTotals& totals) {
     return QStringLiteral("%1 in %2, %3")
-        .arg(size(totals.totalAllocatedSize),
-             shownText(CountFormat::counted(totals.fileCount, "file")),
-             shownText(CountFormat::counted(totals.directoryCount - 1, "folder")));
+        .arg(shownSize(totals.totalAllocatedSize), shownCount(totals.fileCount, "file"),
+             shownCount(totals.directoryCount - 1, "folder"));
 }
 
 QString progress(const ScanProgress& progress) {
-    return shownText(CountFormat::counted(progress.filesScanned, "file") + ", " +
-                     CountFormat::counted(progress.directoriesScanned, "folder") + ", " +
-                     ByteFormat::text(progress.scannedBytes));
+    return QStringLiteral("%1, %2, %3")
+        .arg(shownCount(progress.filesScanned, "file"),
+             shownCount(progress.directoriesScanned, "folder"), shownSize(progress.scannedBytes));
 }
 
 QString selection(std::size_t count, Bytes bytes) {
-    return count == 0 ? QString() : counted(count, "item") + QStringLiteral(", ") + size(bytes);
+    return count == 0 ? QString()
+                      : shownCount(static_cast<std::int64_t>(count), "item") +
+                            QStringLiteral(", ") + shownSize(bytes);
 }
 
 QString elapsed(const DiskScan::Result& result) {
@@ -56,11 +48,11 @@ QString elapsed(const DiskScan::Result& result) {
 QString failures(const std::vector<ScanFailure>& failures) {
     return failures.empty()
                ? QString()
-               : counted(failures.size(), "item") + QStringLiteral(" could not be read");
+               : shownCount(std::ssize(failures), "item") + QStringLiteral(" could not be read");
 }
 
 QString purgeable(const NodeTotals& totals) {
-    return size(totals.totalPurgeableSize) + QStringLiteral(" purgeable");
+    return shownSize(totals.totalPurgeableSize) + QStringLiteral(" purgeable");
 }
 
 QString notCounted(const std::vector<FileURL>& notEntered) {

@@ -14,7 +14,6 @@ namespace tolvane::ScanTexts {
 
 /// The last component; for "/" the whole path.
 QString name(const FileURL& url);
-QString size(Bytes size);
 /// "1.2 GB in 12 files, 3 folders"; the folder itself is none of them.
 QString contents(const NodeTotals& totals);
 /// "12,345 files, 1,234 folders, 5.6 GB"

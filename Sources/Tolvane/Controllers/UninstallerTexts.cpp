@@ -1,6 +1,4 @@
-#include <Services/ByteFormat.h>
-#include <Services/CountFormat.h>
-
+#include <Controllers/ShownFigures.h>
 #include <Controllers/ShownText.h>
 #include <Controllers/UninstallerTexts.h>
 
@@ -9,14 +7,9 @@
 namespace tolvane::UninstallerTexts {
 namespace {
 
-std::string counted(std::size_t count, std::string_view noun) {
-    return CountFormat::counted(static_cast<std::int64_t>(count), noun);
-}
-
-std::size_t protectedCount(const UninstallerScan::Detail& detail) {
-    return static_cast<std::size_t>(
-        std::count_if(detail.leftovers.begin(), detail.leftovers.end(),
-                      [](const LeftoverItem& item) { return item.isProtected; }));
+std::int64_t protectedCount(const UninstallerScan::Detail& detail) {
+    return std::count_if(detail.leftovers.begin(), detail.leftovers.end(),
+                         [](const LeftoverItem& item) { return item.isProtected; });
 }
 
 Bytes sizeOf(const std::vector<LeftoverItem>& items) {
@@ -30,10 +23,8 @@ Bytes sizeOf(const std::vector<LeftoverItem>& items) {
 }
 
 QString count(std::size_t shown, std::size_t all) {
-    const std::string text = counted(all, "application");
-    return shownText(shown == all
-                         ? text
-                         : CountFormat::grouped(static_cast<std::int64_t>(shown)) + " of " + text);
+    return shownPart(static_cast<std::int64_t>(shown), static_cast<std::int64_t>(all),
+                     "application");
 }
 
 QString whyEmpty(std::size_t all) {
@@ -42,12 +33,12 @@ QString whyEmpty(std::size_t all) {
 }
 
 QString progress(std::int64_t read) {
-    return shownText(CountFormat::counted(read, "application") + " read");
+    return shownCount(read, "application") + QStringLiteral(" read");
 }
 
 QString leftovers(const UninstallerScan::Detail& detail) {
-    return shownText(counted(detail.leftovers.size(), "leftover") + ", " +
-                     ByteFormat::text(sizeOf(detail.leftovers)));
+    return shownCount(std::ssize(detail.leftovers), "leftover") + QStringLiteral(", ") +
+           shownSize(sizeOf(detail.leftovers));
 }
 
 QString removable(const UninstallerScan::Detail& detail) {
@@ -55,23 +46,24 @@ QString removable(const UninstallerScan::Detail& detail) {
     for (const LeftoverItem& item : detail.leftovers) {
         add(size, item.isProtected ? 0 : item.size);
     }
-    const std::size_t count = 1 + detail.leftovers.size() - protectedCount(detail);
-    return shownText(ByteFormat::text(size) + " in " + counted(count, "item"));
+    const std::int64_t count = 1 + std::ssize(detail.leftovers) - protectedCount(detail);
+    return shownSize(size) + QStringLiteral(" in ") + shownCount(count, "item");
 }
 
 QString protectedItems(const UninstallerScan::Detail& detail) {
-    const std::size_t count = protectedCount(detail);
-    const std::string verb = count == 1 ? " stays" : " stay";
-    return count == 0 ? QString() : shownText(counted(count, "protected item") + verb);
+    const std::int64_t count = protectedCount(detail);
+    const QString verb = count == 1 ? QStringLiteral(" stays") : QStringLiteral(" stay");
+    return count == 0 ? QString() : shownCount(count, "protected item") + verb;
 }
 
 QString others(const UninstallerScan::Detail& detail) {
-    const auto count = static_cast<std::size_t>(
+    const std::int64_t count =
         std::count_if(detail.origins.begin(), detail.origins.end(),
-                      [](const LeftoverOrigin& origin) { return !origin.otherApps.empty(); }));
-    const std::string verb = count == 1 ? " also matches" : " also match";
+                      [](const LeftoverOrigin& origin) { return !origin.otherApps.empty(); });
+    const QString verb =
+        count == 1 ? QStringLiteral(" also matches") : QStringLiteral(" also match");
     return count == 0 ? QString()
-                      : shownText(counted(count, "item") + verb + " other applications");
+                      : shownCount(count, "item") + verb + QStringLiteral(" other applications");
 }
 
 QString removed(const std::string& name, std::size_t leftovers) {
