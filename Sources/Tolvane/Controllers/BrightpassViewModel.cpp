@@ -25,8 +25,7 @@ BrightpassViewModel::BrightpassViewModel(const Environment& environment)
     , junk_(BrightpassRows::roles(), BrightpassRows::key)
     , apps_(BrightpassRows::roles(), BrightpassRows::key)
     , duplicates_(BrightpassRows::roles(), BrightpassRows::key)
-    , failureFolders_(ScanRoles::failureFolder(),
-                      [](const FailureFolder& folder) { return shownText(folder.folder.path()); })
+    , failureFolders_(ScanRoles::failureFolders())
     , stages_(BrightpassScanner::stages.begin(), BrightpassScanner::stages.end())
     , activity_([this] {
         return Activity::State{.title = isScanning_ ? stage_.value() : QStringLiteral("Stopping"),

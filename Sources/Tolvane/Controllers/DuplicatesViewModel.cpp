@@ -41,10 +41,8 @@ DuplicatesViewModel::DuplicatesViewModel(const Environment& environment)
                 .onFailed = [this](const RemovalError& error) { removalFailed(error); },
                 .onRestored = [this](std::size_t count,
                                      const auto& failed) { restored(count, failed); }})
-    , quickPlaces_(ScanRoles::quickPlace(environment.files),
-                   [](const QuickLocation& place) { return shownText(text(place.id)); })
-    , failureFolders_(ScanRoles::failureFolder(),
-                      [](const FailureFolder& folder) { return shownText(folder.folder.path()); })
+    , quickPlaces_(ScanRoles::quickPlaces(environment.files))
+    , failureFolders_(ScanRoles::failureFolders())
     , finder_(environment, {.onFound = [this](const FileURL& folder) { scanRoot(folder); },
                             .onNone = [this](const QString& text) { banner_ = text; }})
     , scanJob_(
@@ -149,9 +147,8 @@ void DuplicatesViewModel::scanPath(const QString& text) {
 }
 
 void DuplicatesViewModel::scanQuickPlace(int row) {
-    const std::vector<QuickLocation>& places = quickPlaces_.records();
-    if (row >= 0 && static_cast<std::size_t>(row) < places.size()) {
-        scanRoot(places[static_cast<std::size_t>(row)].url);
+    if (const QuickLocation* const place = quickPlaces_.record(row)) {
+        scanRoot(place->url);
     }
 }
 

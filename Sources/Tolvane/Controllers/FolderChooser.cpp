@@ -117,26 +117,26 @@ void FolderChooser::goUp() {
 }
 
 void FolderChooser::open(int row) {
-    if (row >= 0 && row < folders_.rowCount()) {
-        start(folders_.records()[static_cast<std::size_t>(row)].url, Purpose::show);
+    if (const auto* const folder = folders_.record(row)) {
+        start(folder->url, Purpose::show);
     }
 }
 
 void FolderChooser::openPlace(int row) {
-    if (row >= 0 && row < places_.rowCount()) {
-        start(places_.records()[static_cast<std::size_t>(row)].url, Purpose::show);
+    if (const auto* const place = places_.record(row)) {
+        start(place->url, Purpose::show);
     }
 }
 
 void FolderChooser::openCrumb(int row) {
-    if (row >= 0 && row < crumbs_.rowCount()) {
-        start(crumbs_.records()[static_cast<std::size_t>(row)], Purpose::show);
+    if (const FileURL* const folder = crumbs_.record(row)) {
+        start(*folder, Purpose::show);
     }
 }
 
 void FolderChooser::select(int row) {
-    const bool isRow = row >= 0 && row < folders_.rowCount();
-    chosen_ = isRow ? folders_.records()[static_cast<std::size_t>(row)].url : shown_.url;
+    const auto* const folder = folders_.record(row);
+    chosen_ = folder != nullptr ? folder->url : shown_.url;
     publishChosen();
 }
 

@@ -243,8 +243,7 @@ void PerformanceViewModel::publishWaiting() {
 // Rows
 
 const ListedProcess* PerformanceViewModel::find(const QString& id) const {
-    const int row = rowOf(id);
-    return row < 0 ? nullptr : &processRows_.records()[static_cast<std::size_t>(row)];
+    return processRows_.record(rowOf(id));
 }
 
 void PerformanceViewModel::select(const QString& id) {
@@ -254,10 +253,8 @@ void PerformanceViewModel::select(const QString& id) {
 }
 
 QString PerformanceViewModel::processAt(int row) const {
-    const std::vector<ListedProcess>& rows = processRows_.records();
-    return row < 0 || row >= processRows_.rowCount()
-               ? QString()
-               : PerformanceRows::idOf(rows[static_cast<std::size_t>(row)]);
+    const ListedProcess* const process = processRows_.record(row);
+    return process == nullptr ? QString() : PerformanceRows::idOf(*process);
 }
 
 int PerformanceViewModel::rowOf(const QString& id) const {

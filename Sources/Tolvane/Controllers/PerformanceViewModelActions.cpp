@@ -152,8 +152,8 @@ void PerformanceViewModel::copyPID(const QString& id) {
 }
 
 void PerformanceViewModel::revealAgent(int row) {
-    if (row >= 0 && row < agentRows_.rowCount()) {
-        environment_.workspace.reveal(agents()[static_cast<std::size_t>(row)].url);
+    if (const StartupAgent* const agent = agentRows_.record(row)) {
+        environment_.workspace.reveal(agent->url);
     }
 }
 

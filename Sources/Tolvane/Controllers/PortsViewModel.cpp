@@ -203,9 +203,8 @@ bool PortsViewModel::hasExecutable(const QString& id) const {
 }
 
 QString PortsViewModel::idAt(int row) const {
-    const std::vector<PortListener>& rows = rows_.records();
-    return row < 0 || row >= rows_.rowCount() ? QString()
-                                              : PortRows::idOf(rows[static_cast<std::size_t>(row)]);
+    const PortListener* const listener = rows_.record(row);
+    return listener == nullptr ? QString() : PortRows::idOf(*listener);
 }
 
 int PortsViewModel::rowOf(const QString& id) const {

@@ -36,6 +36,10 @@ class RecordModel final : public ListModel {
         , key_(std::move(key)) {}
 
     const std::vector<Record>& records() const { return records_; }
+    /// Null when there is no such row.
+    const Record* record(int row) const {
+        return row < 0 || row >= rowCount() ? nullptr : &records_[static_cast<std::size_t>(row)];
+    }
 
     /// Another list: views start at its top.
     void reset(std::vector<Record> records) {

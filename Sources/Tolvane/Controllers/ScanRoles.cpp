@@ -20,19 +20,20 @@ std::vector<RecordModel<FileNode>::Role> purgeableFile() {
             {"sizeText", [](const FileNode& node) { return shownSize(node.allocatedSize()); }}};
 }
 
-std::vector<RecordModel<QuickLocation>::Role>
-quickPlace(const std::shared_ptr<const FileManager>& files) {
-    return {
-        {"title", [](const QuickLocation& place) { return shownText(place.title); }},
-        {"iconName", [](const QuickLocation& place) { return shownText(place.symbol); }},
-        {"pathText", [](const QuickLocation& place) { return shownPath(place.url); }},
-        {"isAvailable", [files](const QuickLocation& place) { return files->exists(place.url); }}};
+RecordModel<QuickLocation> quickPlaces(const std::shared_ptr<const FileManager>& files) {
+    using Row = const QuickLocation&;
+    return {{{"title", [](Row place) { return shownText(place.title); }},
+             {"iconName", [](Row place) { return shownText(place.symbol); }},
+             {"pathText", [](Row place) { return shownPath(place.url); }},
+             {"isAvailable", [files](Row place) { return files->exists(place.url); }}},
+            [](Row place) { return QString::fromStdString(text(place.id)); }};
 }
 
-std::vector<RecordModel<FailureFolder>::Role> failureFolder() {
-    return {{"pathText", [](const FailureFolder& folder) { return shownPath(folder.folder); }},
-            {"countText",
-             [](const FailureFolder& folder) { return shownCount(folder.count, "item"); }}};
+RecordModel<FailureFolder> failureFolders() {
+    using Row = const FailureFolder&;
+    return {{{"pathText", [](Row folder) { return shownPath(folder.folder); }},
+             {"countText", [](Row folder) { return shownCount(folder.count, "item"); }}},
+            [](Row folder) { return shownText(folder.folder.path()); }};
 }
 
 }

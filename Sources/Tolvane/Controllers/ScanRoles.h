@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-/// What the lists of the size map tell of each row.
+/// What the lists of a scan tell of each row, and, where several screens have the list, the list.
 namespace tolvane::ScanRoles {
 
 QString nodeID(const FileNode& node);
@@ -20,9 +20,8 @@ std::vector<RecordModel<FileNode>::Role> crumb();
 /// "nodeID", "name", "pathText", "sizeText"
 std::vector<RecordModel<FileNode>::Role> purgeableFile();
 /// "title", "iconName", "pathText", "isAvailable"
-std::vector<RecordModel<QuickLocation>::Role>
-quickPlace(const std::shared_ptr<const FileManager>& files);
+RecordModel<QuickLocation> quickPlaces(const std::shared_ptr<const FileManager>& files);
 /// "pathText", "countText"
-std::vector<RecordModel<FailureFolder>::Role> failureFolder();
+RecordModel<FailureFolder> failureFolders();
 
 }

@@ -33,10 +33,8 @@ ScanViewModel::ScanViewModel(const Environment& environment)
                 .onRestored = [this](std::size_t count,
                                      const auto& failed) { restored(count, failed); }})
     , crumbs_(ScanRoles::crumb(), ScanRoles::nodeID)
-    , quickPlaces_(ScanRoles::quickPlace(environment.files),
-                   [](const QuickLocation& place) { return shownText(text(place.id)); })
-    , failureFolders_(ScanRoles::failureFolder(),
-                      [](const FailureFolder& folder) { return shownText(folder.folder.path()); })
+    , quickPlaces_(ScanRoles::quickPlaces(environment.files))
+    , failureFolders_(ScanRoles::failureFolders())
     , purgeable_(ScanRoles::purgeableFile(), ScanRoles::nodeID)
     , finder_(environment,
               {.onFound = [this](const FileURL& folder) { scan(folder, QStringLiteral("drop")); },
@@ -154,9 +152,8 @@ void ScanViewModel::scanLast() {
 }
 
 void ScanViewModel::scanQuickPlace(int row) {
-    const std::vector<QuickLocation>& places = quickPlaces_.records();
-    if (row >= 0 && static_cast<std::size_t>(row) < places.size()) {
-        scan(places[static_cast<std::size_t>(row)].url, QStringLiteral("quick location"));
+    if (const QuickLocation* const place = quickPlaces_.record(row)) {
+        scan(place->url, QStringLiteral("quick location"));
     }
 }
 

@@ -71,9 +71,8 @@ void SettingsViewModel::revealLog() {
 }
 
 void SettingsViewModel::revealReport(int row) {
-    const std::vector<FileURL>& reports = reports_.records();
-    if (row >= 0 && static_cast<std::size_t>(row) < reports.size()) {
-        environment_.workspace.reveal(reports[static_cast<std::size_t>(row)]);
+    if (const FileURL* const report = reports_.record(row)) {
+        environment_.workspace.reveal(*report);
     }
 }
 

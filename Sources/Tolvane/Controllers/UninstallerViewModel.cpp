@@ -54,8 +54,7 @@ UninstallerViewModel::UninstallerViewModel(const Environment& environment)
     , environment_(environment)
     , installed_(std::make_shared<const std::vector<InstalledApp>>())
     , rows_(AppRows::roles(), [](const AppRow& row) { return AppRows::idOf(row.app()); })
-    , failureFolders_(ScanRoles::failureFolder(),
-                      [](const FailureFolder& folder) { return shownText(folder.folder.path()); })
+    , failureFolders_(ScanRoles::failureFolders())
     , detail_(environment, [this] { detailFound(); })
     , activity_([this] { return activityState(); })
     , removal_(environment,
@@ -194,10 +193,8 @@ std::vector<InstalledApp> UninstallerViewModel::filteredApps() const {
 }
 
 QString UninstallerViewModel::idAt(int row) const {
-    const std::vector<AppRow>& rows = rows_.records();
-    return row < 0 || row >= rows_.rowCount()
-               ? QString()
-               : AppRows::idOf(rows[static_cast<std::size_t>(row)].app());
+    const AppRow* const found = rows_.record(row);
+    return found == nullptr ? QString() : AppRows::idOf(found->app());
 }
 
 int UninstallerViewModel::selectedRow() const {
