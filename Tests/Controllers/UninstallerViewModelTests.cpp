@@ -134,10 +134,10 @@ TEST_F(UninstallerViewModelTests, showsWhatAnApplicationLeavesAndHowSureThatIs) 
     settle();
     EXPECT_THAT(left("kind"), ElementsAre("Application Support", "Preferences", "Preferences",
                                           "System Preferences"));
-    EXPECT_THAT(left("certaintyText"),
-                ElementsAre("Exact name", "By name", "By name", "Exact name"));
-    EXPECT_THAT(left("othersText"), ElementsAre("", "Also matches Tools", "", ""));
-    EXPECT_THAT(left("isProtected"), ElementsAre("false", "false", "false", "true"));
+    EXPECT_THAT(left("remark"),
+                ElementsAre("Exact name", "Also matches Tools", "By name",
+                            "Protected: belongs to the system and stays where it is"));
+    EXPECT_THAT(left("isDoubtful"), ElementsAre("false", "true", "false", "false"));
     EXPECT_THAT(left("groupText")[1].toStdString(), HasSubstr("Preferences: 2 items, "));
     const std::string size = std::to_string(controller->appSize());
     EXPECT_EQ(home.logged("uninstaller detail app=" + id + " size=" + size + " leftovers=4\n"), 1);
@@ -151,7 +151,7 @@ TEST_F(UninstallerViewModelTests, showsWhatAnApplicationLeavesAndHowSureThatIs) 
     controller->load();
     controller->select(tool);
     settle();
-    EXPECT_EQ(left("othersText")[1], "Also matches Tools") << "chosen before the list was there";
+    EXPECT_EQ(left("remark")[1], "Also matches Tools") << "chosen before the list was there";
 }
 
 TEST_F(UninstallerViewModelTests, showsOnlyTheLatestSelection) {

@@ -35,8 +35,8 @@ Bytes AppDetail::leftoverBytes() const {
 }
 
 const LeftoverItem* AppDetail::leftoverAt(int row) const {
-    const std::vector<ShownLeftover>& rows = rows_.records();
-    return row < 0 || row >= rows_.rowCount() ? nullptr : &rows[static_cast<std::size_t>(row)].item;
+    const ShownLeftover* const leftover = rows_.record(row);
+    return leftover == nullptr ? nullptr : &leftover->item;
 }
 
 void AppDetail::show(const InstalledApp& app, const InstalledApps& installed,
@@ -96,8 +96,8 @@ void AppDetail::publish() {
     const InstalledApp none;
     const InstalledApp& app = app_ ? *app_ : none;
     name_ = shownText(app.name);
-    versionText_ = shownText(app.version);
-    identifierText_ = shownText(app.bundleID);
+    identityText_ =
+        shownText(app.version.empty() ? app.bundleID : app.version + " · " + app.bundleID);
     pathText_ = shownPath(app.url);
 }
 

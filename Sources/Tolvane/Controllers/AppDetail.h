@@ -27,8 +27,8 @@ class AppDetail : public QObject {
     /// While its size and leftovers are being found; both are none then.
     PUBLISHED(AppDetail, bool, isLoading)
     PUBLISHED(AppDetail, QString, name)
-    PUBLISHED(AppDetail, QString, versionText)
-    PUBLISHED(AppDetail, QString, identifierText)
+    /// "1.2 · org.example.tool", or without the version.
+    PUBLISHED(AppDetail, QString, identityText)
     PUBLISHED(AppDetail, QString, pathText)
     /// As in the list of applications.
     PUBLISHED(AppDetail, QString, iconKey)

@@ -17,18 +17,33 @@ struct Group {
     Bytes size = 0;
 };
 
-bool isExact(const ShownLeftover& leftover) {
-    return leftover.origin.certainty == LeftoverOrigin::Certainty::exact;
-}
-
 QString certaintyText(const ShownLeftover& leftover) {
-    return isExact(leftover) ? QStringLiteral("Exact name") : QStringLiteral("By name");
+    return leftover.origin.certainty == LeftoverOrigin::Certainty::exact
+               ? QStringLiteral("Exact name")
+               : QStringLiteral("By name");
 }
 
 QString protectedText(const ShownLeftover& leftover) {
     return leftover.item.isProtected
                ? QStringLiteral("Protected: belongs to the system and stays where it is")
                : QString();
+}
+
+/// Whether it could be removed but may be another application's.
+bool isDoubtful(const ShownLeftover& leftover) {
+    return !leftover.item.isProtected && !leftover.origin.otherApps.empty();
+}
+
+QString remark(const ShownLeftover& leftover) {
+    return leftover.item.isProtected ? protectedText(leftover)
+           : isDoubtful(leftover)    ? othersText(leftover.origin)
+                                     : certaintyText(leftover);
+}
+
+QString remarkIcon(const ShownLeftover& leftover) {
+    return leftover.item.isProtected ? QStringLiteral("changes-prevent")
+           : isDoubtful(leftover)    ? QStringLiteral("dialog-warning")
+                                     : QString();
 }
 
 QString accessibleText(const ShownLeftover& leftover) {
@@ -57,12 +72,11 @@ std::vector<RecordModel<ShownLeftover>::Role> roles() {
             {"name", [](Row row) { return shownText(row.item.url.lastPathComponent()); }},
             {"pathText", [](Row row) { return shownPath(row.item.url); }},
             {"sizeText", [](Row row) { return shownSize(row.item.size); }},
-            {"isExact", [](Row row) { return isExact(row); }},
-            {"certaintyText", [](Row row) { return certaintyText(row); }},
-            {"othersText", [](Row row) { return othersText(row.origin); }},
+            {"remark", remark},
+            {"remarkIcon", remarkIcon},
+            {"isDoubtful", isDoubtful},
             {"isProtected", [](Row row) { return row.item.isProtected; }},
-            {"protectedText", [](Row row) { return protectedText(row); }},
-            {"accessibleText", [](Row row) { return accessibleText(row); }}};
+            {"accessibleText", accessibleText}};
 }
 
 std::vector<ShownLeftover> grouped(const std::vector<LeftoverItem>& items,

@@ -24,9 +24,10 @@ struct ShownLeftover {
 namespace LeftoverRows {
 
 /// `kind`, `groupText` (the same on all rows of a kind, which stand together: a view's section),
-/// `name`, `pathText`, `sizeText`, `isExact`, `certaintyText` ("Exact name", "By name"),
-/// `othersText` (which other applications it would be found for; empty: none), `isProtected`,
-/// `protectedText` (why; empty when it is not), `accessibleText`.
+/// `name`, `pathText`, `sizeText`, `remark` (the gravest there is: that it stays, which other
+/// applications it would be found for, or how sure it is: "Exact name", "By name"), `remarkIcon`
+/// (empty: none), `isDoubtful` (whether those others are what is remarked), `isProtected`,
+/// `accessibleText`.
 std::vector<RecordModel<ShownLeftover>::Role> roles();
 
 /// By kind, the kind with the most bytes first, and within a kind in the given order. `origins` are

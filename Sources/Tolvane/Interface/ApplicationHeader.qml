@@ -9,8 +9,6 @@ RowLayout {
 
     required property UninstallerViewModel controller
     readonly property AppDetail detail: controller.detail
-    /// What a person should look at among the leftovers; empty: nothing.
-    readonly property string remark: detail.othersText
 
     spacing: Theme.wideSpacing
 
@@ -42,7 +40,7 @@ RowLayout {
         ElidedLabel {
             objectName: "appIdentifier"
             Layout.fillWidth: true
-            text: header.detail.versionText === "" ? header.detail.identifierText : header.detail.versionText + " · " + header.detail.identifierText
+            text: header.detail.identityText
             color: Theme.secondaryText
             elide: Text.ElideMiddle
         }
@@ -77,7 +75,7 @@ RowLayout {
             font.weight: Font.Medium
         }
         RowLayout {
-            visible: header.remark !== ""
+            visible: header.detail.othersText !== ""
             spacing: 6
 
             Icon {
@@ -88,7 +86,7 @@ RowLayout {
             ElidedLabel {
                 objectName: "othersText"
                 Layout.fillWidth: true
-                text: header.remark
+                text: header.detail.othersText
                 color: Theme.warningText
                 font.pixelSize: Theme.smallText
             }

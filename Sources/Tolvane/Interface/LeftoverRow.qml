@@ -5,10 +5,7 @@ import Tolvane.Components
 TableRow {
     id: row
 
-    readonly property bool isClaimed: model.othersText !== ""
-    /// What is to be said of it, the gravest first.
-    readonly property string remark: model.isProtected ? model.protectedText : isClaimed ? model.othersText : model.certaintyText
-    readonly property color remarkInk: isClaimed && !model.isProtected ? Theme.warningText : Theme.secondaryText
+    readonly property color remarkInk: model.isDoubtful ? Theme.warningText : Theme.secondaryText
 
     Icon {
         id: lock
@@ -16,7 +13,7 @@ TableRow {
         x: 16
         anchors.verticalCenter: parent.verticalCenter
         visible: name !== ""
-        name: row.model.isProtected ? "changes-prevent" : row.isClaimed ? "dialog-warning" : ""
+        name: row.model.remarkIcon
         color: row.remarkInk
         size: 16
     }
@@ -47,7 +44,7 @@ TableRow {
         anchors.right: parent.right
         anchors.rightMargin: 14
         y: 27
-        text: row.remark
+        text: row.model.remark
         color: row.remarkInk
         font.pixelSize: Theme.smallText
         Accessible.ignored: true
