@@ -1,4 +1,5 @@
-// Folders that are loaded in detail, and how what they hold takes its place in the tree.
+// Which folder is on screen, and those that are loaded in detail: how what they hold takes its
+// place in the tree.
 
 #include <Controllers/ScanTexts.h>
 #include <Controllers/ScanViewModel.h>
@@ -8,6 +9,80 @@
 #include <utility>
 
 namespace tolvane {
+namespace {
+
+constexpr Seconds navigationGuard = 0.5;
+
+}
+
+void ScanViewModel::drill(const FileNode& node) {
+    if (!node.isDirectory() || isGuarded()) {
+        return;
+    }
+    navigationGuardUntil_ = environment_.clock() + navigationGuard;
+    push(node);
+}
+
+void ScanViewModel::loadContents(const FileNode& node) {
+    if (!node.isDirectory()) {
+        return;
+    }
+    folderCache_.touch(node.url());
+    if (!path_.empty() && path_.back().url() == node.url()) {
+        if (!folderCache_.find(node.url())) {
+            loadFolder(node);
+        }
+        return;
+    }
+    push(node);
+}
+
+void ScanViewModel::push(const FileNode& node) {
+    const NodeTotals all = totals(node);
+    const std::int64_t notListed = all.notListedFileCount();
+    log(fmt::format("drill path={} total={} children={} hiddenFiles={} notListed={}",
+                    node.url().path(), all.totalAllocatedSize, node.children().size(),
+                    node.hiddenFiles(), notListed));
+    const std::optional<FileNode> cached = folderCache_.find(node.url());
+    std::vector<FileNode> path = path_;
+    path.push_back(cached.value_or(node));
+    selection_.clear();
+    navigate(std::move(path));
+    selectionChanged();
+    const bool hasContents = !node.children().empty() || all.totalAllocatedSize <= 0;
+    if (!cached && (notListed >= 1 || node.truncated() || !hasContents)) {
+        loadFolder(node);
+    }
+}
+
+void ScanViewModel::goBack() {
+    if (path_.size() >= 2) {
+        jump(static_cast<int>(path_.size()) - 2);
+    }
+}
+
+void ScanViewModel::jump(int index) {
+    if (index < 0 || static_cast<std::size_t>(index) >= path_.size()) {
+        return;
+    }
+    std::vector<FileNode> path = path_;
+    path.erase(path.begin() + index + 1, path.end());
+    navigate(std::move(path));
+}
+
+void ScanViewModel::navigate(std::vector<FileNode> path) {
+    path_ = std::move(path);
+    crumbs_.update(path_);
+    folder_.show(path_);
+    canGoBack_ = path_.size() >= 2;
+    inspectNode(std::nullopt);
+    publishFolder();
+    Q_EMIT pathChanged();
+}
+
+bool ScanViewModel::isGuarded() const {
+    return environment_.clock() < navigationGuardUntil_;
+}
 
 void ScanViewModel::loadFolder(const FileNode& node) {
     folderJob_.discard();
