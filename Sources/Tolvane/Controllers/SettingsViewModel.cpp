@@ -44,7 +44,7 @@ QString SettingsViewModel::logPath() const {
 }
 
 void SettingsViewModel::appeared() {
-    environment_.access.recheck();
+    environment_.access.refresh();
     refresh();
 }
 
