@@ -130,6 +130,7 @@ TEST(Settings, showTheWholeTailByKeyboardAlone) {
     const auto tail = [window] { return window->findChild<QQuickItem*>("logTail"); };
     const auto place = [](const QQuickItem* item) { return item->property("contentY").toReal(); };
     ASSERT_TRUE(Harness::eventually([&] { return tail()->height() > window->height(); }));
+    harness.grab();
     for (int tabs = 0; tabs < 20 && window->activeFocusItem() != tail(); ++tabs) {
         QTest::keyClick(window, Qt::Key_Tab);
     }
