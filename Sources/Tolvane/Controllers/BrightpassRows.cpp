@@ -5,7 +5,6 @@
 
 #include <QStringList>
 #include <algorithm>
-#include <string_view>
 
 namespace tolvane::BrightpassRows {
 namespace {

@@ -8,7 +8,6 @@
 #include <fmt/format.h>
 
 #include <QPointer>
-#include <algorithm>
 #include <utility>
 
 namespace tolvane {
