@@ -26,6 +26,10 @@ FocusScope {
     property string accessibleName
     readonly property bool hasKeyboard: list.activeFocus && usesKeyboard
     property bool usesKeyboard: true
+    /// Whether Return asks to open a row; otherwise the key is left to what the table lies in.
+    property bool isActivatable: true
+    /// With all rows in sight.
+    readonly property real wholeHeight: header.height + list.contentHeight + list.topMargin + list.bottomMargin
     /// Of the rows, beside the scroll bar.
     readonly property real contentWidth: Math.max(width - 10, fixedWidth)
     readonly property int fillIndex: {
@@ -121,6 +125,8 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         reuseItems: true
+        // Rows that are still being made ahead make the view complain once they are taken away.
+        cacheBuffer: 0
         section.property: table.sectionRole
         section.delegate: SectionHeading {}
         interactive: false
@@ -151,7 +157,7 @@ FocusScope {
         if (steps.has(event.key)) {
             showRow(Math.max(0, Math.min(row + steps.get(event.key), count - 1)));
             event.accepted = true;
-        } else if (row >= 0 && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)) {
+        } else if (isActivatable && row >= 0 && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)) {
             rowActivated(row);
             event.accepted = true;
         } else if (row >= 0 && event.key === Qt.Key_Space) {

@@ -186,6 +186,8 @@ class ScanViewModel : public QObject {
     Q_INVOKABLE void closeFailures();
     Q_INVOKABLE void openPurgeable();
     Q_INVOKABLE void closePurgeable();
+    /// Shows the file of that row of `purgeable` in the file manager.
+    Q_INVOKABLE void revealPurgeable(int row);
     Q_INVOKABLE void setSpaceAnalysisView(const QString& view);
     Q_INVOKABLE void refreshFDA();
     Q_INVOKABLE void relaunch();

@@ -245,6 +245,12 @@ void ScanViewModel::closePurgeable() {
     showPurgeable_ = false;
 }
 
+void ScanViewModel::revealPurgeable(int row) {
+    if (row >= 0 && row < purgeable_.rowCount()) {
+        environment_.workspace.reveal(purgeable_.records()[static_cast<std::size_t>(row)].url());
+    }
+}
+
 std::vector<FileNode> ScanViewModel::purgeableFiles(std::size_t limit) const {
     return tree_ ? tolvane::purgeableFiles(*tree_, limit) : std::vector<FileNode>{};
 }

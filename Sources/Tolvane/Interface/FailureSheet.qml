@@ -16,40 +16,37 @@ Sheet {
     preferredWidth: 620
     defaultButton: close
 
-    ListView {
+    SheetRows {
         objectName: "failureRows"
-        Layout.fillWidth: true
-        Layout.fillHeight: true
-        Layout.preferredHeight: contentHeight
-        Layout.minimumHeight: Math.min(contentHeight, 88)
         model: sheet.folders
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
-        activeFocusOnTab: true
-        ScrollBar.vertical: PlainScrollBar {}
+        accessibleName: sheet.title
 
-        delegate: RowLayout {
+        rowDelegate: TableRow {
             id: row
 
-            required property string pathText
-            required property string countText
+            Accessible.name: model.pathText + ", " + model.countText
 
-            width: (ListView.view?.width ?? 12) - 12
-            height: Theme.rowHeight
-            spacing: 10
+            RowLayout {
+                anchors.fill: parent
+                anchors.leftMargin: 10
+                anchors.rightMargin: 10
+                spacing: 10
 
-            Icon {
-                name: "folder"
-                color: Theme.secondaryText
-            }
-            ElidedLabel {
-                Layout.fillWidth: true
-                text: row.pathText
-                elide: Text.ElideMiddle
-            }
-            FigureLabel {
-                text: row.countText
-                color: Theme.secondaryText
+                Icon {
+                    name: "folder"
+                    color: Theme.secondaryText
+                }
+                ElidedLabel {
+                    Layout.fillWidth: true
+                    text: row.model.pathText
+                    elide: Text.ElideMiddle
+                    Accessible.ignored: true
+                }
+                FigureLabel {
+                    text: row.model.countText
+                    color: Theme.secondaryText
+                    Accessible.ignored: true
+                }
             }
         }
     }

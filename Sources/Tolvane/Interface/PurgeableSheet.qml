@@ -24,65 +24,63 @@ Sheet {
         wrapMode: Text.Wrap
         visible: files.count > 0
     }
-    ListView {
+    SheetRows {
         id: files
 
-        readonly property ScanViewModel controller: sheet.controller
-
         objectName: "purgeableRows"
-        Layout.fillWidth: true
-        Layout.fillHeight: true
-        Layout.preferredHeight: contentHeight
-        Layout.minimumHeight: Math.min(contentHeight, 88)
         visible: count > 0
         model: sheet.controller.purgeable
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
-        activeFocusOnTab: true
-        ScrollBar.vertical: PlainScrollBar {}
+        rowHeight: 44
+        isActivatable: true
+        accessibleName: sheet.title
+        onRowActivated: row => sheet.controller.revealPurgeable(row)
 
-        delegate: RowLayout {
+        rowDelegate: TableRow {
             id: row
 
-            readonly property var list: ListView.view
+            Accessible.name: model.name + ", " + model.sizeText
 
-            required property string nodeID
-            required property string name
-            required property string pathText
-            required property string sizeText
+            RowLayout {
+                anchors.fill: parent
+                anchors.leftMargin: 10
+                anchors.rightMargin: 10
+                spacing: 10
 
-            width: (list?.width ?? 12) - 12
-            height: 44
-            spacing: 10
-
-            Icon {
-                name: "text-x-generic"
-                color: Theme.secondaryText
-            }
-            ColumnLayout {
-                spacing: 0
-
-                ElidedLabel {
-                    Layout.fillWidth: true
-                    text: row.name
-                    elide: Text.ElideMiddle
-                }
-                ElidedLabel {
-                    Layout.fillWidth: true
-                    text: row.pathText
+                Icon {
+                    name: "text-x-generic"
                     color: Theme.secondaryText
-                    font.pixelSize: Theme.smallText
-                    elide: Text.ElideMiddle
                 }
-            }
-            FigureLabel {
-                text: row.sizeText
-            }
-            IconButton {
-                iconName: "folder-open"
-                text: qsTr("Show in file manager")
-                ink: Theme.secondaryText
-                onClicked: row.list.controller.reveal(row.nodeID)
+                ColumnLayout {
+                    spacing: 0
+
+                    ElidedLabel {
+                        Layout.fillWidth: true
+                        text: row.model.name
+                        elide: Text.ElideMiddle
+                        Accessible.ignored: true
+                    }
+                    ElidedLabel {
+                        Layout.fillWidth: true
+                        text: row.model.pathText
+                        color: Theme.secondaryText
+                        font.pixelSize: Theme.smallText
+                        elide: Text.ElideMiddle
+                        Accessible.ignored: true
+                    }
+                }
+                FigureLabel {
+                    text: row.model.sizeText
+                    Accessible.ignored: true
+                }
+                IconButton {
+                    // The table has the keyboard.
+                    focusPolicy: Qt.NoFocus
+                    iconName: "folder-open"
+                    text: qsTr("Show in file manager")
+                    shortcutText: qsTr("Return")
+                    ink: Theme.secondaryText
+                    onClicked: row.table.rowActivated(row.index)
+                }
             }
         }
     }

@@ -45,28 +45,14 @@ Sheet {
         text: sheet.removal.warningText
         isDismissible: false
     }
-    ListView {
-        readonly property Removal removal: sheet.removal
-
+    SheetRows {
         objectName: "reviewRows"
-        Layout.fillWidth: true
-        Layout.fillHeight: true
-        Layout.preferredHeight: contentHeight
-        Layout.minimumHeight: Math.min(contentHeight, 88)
         model: sheet.removal.rows
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
-        activeFocusOnTab: true
-        ScrollBar.vertical: PlainScrollBar {}
-
-        delegate: ReviewSheetRow {
-            required property int index
-            readonly property var list: ListView.view
-
-            objectName: "reviewRow" + index
-            width: list?.width ?? 0
-            onLeftOut: list.removal.leaveOut(index)
-        }
+        rowHeight: 44
+        rowDelegate: ReviewSheetRow {}
+        accessibleName: sheet.title
+        onRowToggled: row => sheet.removal.leaveOut(row)
+        Keys.onDeletePressed: sheet.removal.leaveOut(currentIndex)
     }
     PlainLabel {
         objectName: "reviewNote"

@@ -3,35 +3,28 @@ import QtQuick.Layouts
 import Tolvane.Components
 
 /// One item that is about to be removed, and what stands in its way.
-Item {
+TableRow {
     id: row
 
-    required property string name
-    required property string pathText
-    required property string sizeText
-    required property string iconName
-    required property string trouble
-    required property string warning
     /// What a person should know before this item goes; empty: nothing.
-    readonly property string remark: trouble === "" ? warning : trouble
+    readonly property string remark: model.trouble === "" ? model.warning : model.trouble
 
-    signal leftOut()
-
-    implicitHeight: content.implicitHeight + Theme.spacing
-    Accessible.role: Accessible.ListItem
-    Accessible.name: remark === "" ? name + ", " + sizeText : name + ", " + sizeText + ", " + remark
+    objectName: "reviewRow" + index
+    height: content.implicitHeight + Theme.spacing
+    Accessible.name: model.name + ", " + model.sizeText + (remark === "" ? "" : ", " + remark)
 
     RowLayout {
         id: content
 
         anchors.left: parent.left
+        anchors.leftMargin: 10
         anchors.right: parent.right
-        anchors.rightMargin: 12
+        anchors.rightMargin: 10
         anchors.verticalCenter: parent.verticalCenter
         spacing: 10
 
         Icon {
-            name: row.remark === "" ? row.iconName : "dialog-warning"
+            name: row.remark === "" ? row.model.iconName : "dialog-warning"
             color: row.remark === "" ? Theme.secondaryText : Theme.warningText
         }
         ColumnLayout {
@@ -39,13 +32,13 @@ Item {
 
             ElidedLabel {
                 Layout.fillWidth: true
-                text: row.name
-                fullText: row.pathText
+                text: row.model.name
+                fullText: row.model.pathText
                 elide: Text.ElideMiddle
             }
             ElidedLabel {
                 Layout.fillWidth: true
-                text: row.pathText
+                text: row.model.pathText
                 color: Theme.secondaryText
                 font.pixelSize: Theme.smallText
                 elide: Text.ElideMiddle
@@ -59,14 +52,17 @@ Item {
             }
         }
         FigureLabel {
-            text: row.sizeText
+            text: row.model.sizeText
         }
         IconButton {
             objectName: "leaveOut"
+            // The table has the keyboard.
+            focusPolicy: Qt.NoFocus
             iconName: "window-close"
             text: qsTr("Leave out")
+            shortcutText: qsTr("Delete")
             ink: Theme.secondaryText
-            onClicked: row.leftOut()
+            onClicked: row.table.rowToggled(row.index)
         }
     }
 }
