@@ -120,6 +120,12 @@ void scrollToEnd(Scene& scene) {
     page->setProperty("contentY", page->property("contentHeight").toDouble() - page->height());
 }
 
+void breakResolver(const TemporaryHome& home) {
+    fillMachine(home);
+    madeUpTool(home, "echo 'Failed to connect to bus: No such file or directory' >&2; exit 1",
+               "resolvectl");
+}
+
 /// A machine one of whose tools takes its time.
 std::function<void(const TemporaryHome&)> machineWithSlow(const std::string& tool) {
     return [tool](const TemporaryHome& home) {
@@ -133,28 +139,31 @@ std::function<void(const TemporaryHome&)> machineWithSlow(const std::string& too
 Shots performanceShots() {
     const Step showNothing = all({tolvane::show("Performance"), until(isKnown)});
     const Step show = all({tolvane::show("Performance"), liveThroughMinutes, until(isKnown)});
-    Shots shots =
-        after(fillMachine,
-              {
-                  {.name = "performance", .prepare = {show, click("row1")}, .isAlsoSmall = true},
-                  {.name = "performance-snapshots",
-                   .prepare = {show},
-                   .precede = keepSnapshots,
-                   .size = {1180, 1500}},
-                  {.name = "performance-many-items",
-                   .prepare = {show, scrollToEnd},
-                   .precede = startManyThings},
-                  {.name = "performance-busy",
-                   .prepare = {show, run("ls"), until(isIdle), run("dns"), scrollToEnd},
-                   .precede = machineWithSlow("resolvectl")},
-                  {.name = "performance-quit", .prepare = {show, click("quit0")}},
-                  {.name = "performance-nothing",
-                   .prepare = {showNothing, thin},
-                   .precede = [](const TemporaryHome&) {}},
-                  {.name = "performance-waiting",
-                   .prepare = {tolvane::show("Performance"), until(isWaiting)},
-                   .precede = machineWithSlow("ps")},
-              });
+    Shots shots = after(
+        fillMachine,
+        {
+            {.name = "performance", .prepare = {show, click("row1")}, .isAlsoSmall = true},
+            {.name = "performance-snapshots",
+             .prepare = {show},
+             .precede = keepSnapshots,
+             .size = {1180, 1500}},
+            {.name = "performance-many-items",
+             .prepare = {show, scrollToEnd},
+             .precede = startManyThings},
+            {.name = "performance-busy",
+             .prepare = {show, run("ls"), until(isIdle), run("dns"), scrollToEnd},
+             .precede = machineWithSlow("resolvectl")},
+            {.name = "performance-failed",
+             .prepare = {show, run("ls"), until(isIdle), run("dns"), until(isIdle), scrollToEnd},
+             .precede = breakResolver},
+            {.name = "performance-quit", .prepare = {show, click("quit0")}},
+            {.name = "performance-nothing",
+             .prepare = {showNothing, thin},
+             .precede = [](const TemporaryHome&) {}},
+            {.name = "performance-waiting",
+             .prepare = {tolvane::show("Performance"), until(isWaiting)},
+             .precede = machineWithSlow("ps")},
+        });
     for (Shot& shot : shots) {
         shot.furnish = furnish;
     }

@@ -92,6 +92,7 @@ std::vector<RecordModel<MaintenanceRow>::Role> maintenanceRoles() {
             {"actionText", [](Row row) { return row.actionText; }},
             {"statusText", [](Row row) { return row.statusText; }},
             {"isRunning", [](Row row) { return row.isRunning; }},
+            {"hasFailed", [](Row row) { return row.hasFailed; }},
             {"isAvailable", [](Row row) { return row.isAvailable; }}};
 }
 
@@ -133,6 +134,7 @@ std::vector<FigureRow> memoryFigures(const std::optional<MemoryStats>& memory) {
 }
 
 std::vector<MaintenanceRow> maintenance(const std::map<std::string, std::string>& statuses,
+                                        const std::set<std::string>& failed,
                                         const std::string& running) {
     std::vector<MaintenanceRow> rows{
         {"purge", "Free memory", "Empties the disk buffers. Asks for an administrator's password.",
@@ -151,6 +153,7 @@ std::vector<MaintenanceRow> maintenance(const std::map<std::string, std::string>
     for (MaintenanceRow& row : rows) {
         const auto status = statuses.find(row.key.toStdString());
         row.isRunning = row.key.toStdString() == running;
+        row.hasFailed = failed.count(row.key.toStdString()) > 0;
         row.isAvailable = running.empty() || row.key == "own";
         row.statusText = status != statuses.end() ? shownLines(status->second)
                          : row.isRunning          ? QString::fromUtf8(PerformanceTexts::running)

@@ -10,6 +10,7 @@
 #include <QString>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,8 @@ struct MaintenanceRow {
     /// What came of it last, or that it runs; empty: it has not run.
     QString statusText = {};
     bool isRunning = false;
+    /// Whether it failed when it last ran.
+    bool hasFailed = false;
     /// Whether it can be begun.
     bool isAvailable = true;
 
@@ -54,7 +57,8 @@ std::vector<RecordModel<ListedProcess>::Role> processRoles();
 std::vector<RecordModel<StartupAgent>::Role> agentRoles();
 /// `dateText`, `volumeText`, `purgeableText`, `accessibleText`.
 std::vector<RecordModel<LocalSnapshot>::Role> snapshotRoles();
-/// `actionKey`, `title`, `note`, `actionText`, `statusText`, `isRunning`, `isAvailable`.
+/// `actionKey`, `title`, `note`, `actionText`, `statusText`, `isRunning`, `hasFailed`,
+/// `isAvailable`.
 std::vector<RecordModel<MaintenanceRow>::Role> maintenanceRoles();
 
 /// Tells a process from a later one of its number.
@@ -63,8 +67,9 @@ QString idOf(const ListedProcess& listed);
 /// What the memory is used for; the parts never exceed the whole.
 std::vector<FigureRow> memoryParts(const std::optional<MemoryStats>& memory);
 std::vector<FigureRow> memoryFigures(const std::optional<MemoryStats>& memory);
-/// All that can be done; `running` is the key of what runs.
+/// All that can be done; `failed` are the keys of what failed, `running` is that of what runs.
 std::vector<MaintenanceRow> maintenance(const std::map<std::string, std::string>& statuses,
+                                        const std::set<std::string>& failed,
                                         const std::string& running);
 
 }

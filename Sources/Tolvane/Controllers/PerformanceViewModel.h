@@ -19,6 +19,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -189,6 +190,8 @@ class PerformanceViewModel : public QObject {
     MemoryHistory memoryHistory_;
     SnapshotInventory inventory_;
     std::map<std::string, std::string> statuses_;
+    /// The keys of the actions that failed when they last ran.
+    std::set<std::string> failed_;
     std::optional<ListedProcess> pendingQuit_;
     /// Of the action that runs; empty: none.
     std::string runningKey_;

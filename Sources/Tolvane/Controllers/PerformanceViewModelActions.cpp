@@ -32,7 +32,7 @@ void PerformanceViewModel::end() {
 }
 
 void PerformanceViewModel::showMaintenance() {
-    maintenanceRows_.update(PerformanceRows::maintenance(statuses_, runningKey_));
+    maintenanceRows_.update(PerformanceRows::maintenance(statuses_, failed_, runningKey_));
 }
 
 void PerformanceViewModel::runMaintenance(const std::string& key, Action action) {
@@ -40,6 +40,7 @@ void PerformanceViewModel::runMaintenance(const std::string& key, Action action)
         return;
     }
     statuses_[key] = PerformanceTexts::running;
+    failed_.erase(key);
     begin(key);
     maintenanceJob_.start(
         [service = service_, action = std::move(action)](const auto&, const auto& isCancelled) {
@@ -50,6 +51,9 @@ void PerformanceViewModel::runMaintenance(const std::string& key, Action action)
 void PerformanceViewModel::maintained(const MaintenanceOutcome& outcome) {
     const std::string key = runningKey_;
     statuses_[key] = outcome.message;
+    if (!outcome.isSuccess()) {
+        failed_.insert(key);
+    }
     end();
     banner_ = shownLines(outcome.message);
     log("performance maintenance " + key + ": " + outcome.message);

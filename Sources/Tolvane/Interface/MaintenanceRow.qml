@@ -13,6 +13,7 @@ Item {
     required property string actionText
     required property string statusText
     required property bool isRunning
+    required property bool hasFailed
     required property bool isAvailable
 
     signal runRequested()
@@ -50,15 +51,29 @@ Item {
                 font.pixelSize: Theme.smallText
                 wrapMode: Text.Wrap
             }
-            PlainLabel {
-                objectName: "status-" + row.actionKey
-                Layout.fillWidth: true
-                visible: text !== ""
-                text: row.statusText
-                color: Theme.accentText
-                font.pixelSize: Theme.smallText
-                wrapMode: Text.Wrap
-                maximumLineCount: 4
+            RowLayout {
+                spacing: 6
+                visible: row.statusText !== ""
+
+                Icon {
+                    Layout.alignment: Qt.AlignTop
+                    visible: !row.isRunning
+                    name: row.hasFailed ? "dialog-warning" : "emblem-ok"
+                    color: status.color
+                    size: 14
+                }
+                PlainLabel {
+                    id: status
+
+                    objectName: "status-" + row.actionKey
+                    Layout.fillWidth: true
+                    text: row.statusText
+                    color: row.isRunning ? Theme.accentText : row.hasFailed ? Theme.warningText : Theme.successText
+                    font.pixelSize: Theme.smallText
+                    wrapMode: Text.Wrap
+                    maximumLineCount: 4
+                    Accessible.name: row.hasFailed ? qsTr("Failed: %1").arg(text) : text
+                }
             }
             FractionBar {
                 Layout.fillWidth: true
