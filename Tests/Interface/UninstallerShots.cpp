@@ -36,6 +36,12 @@ void fillApplications(const TemporaryHome& home) {
     write(".config/autostart/org.example.Paint.desktop", 1);
 }
 
+/// One of the folders that hold applications, besides those of `fillApplications`.
+void fillLockedFolder(const TemporaryHome& home) {
+    fillApplications(home);
+    home.makeFolder("AppImages");
+}
+
 bool isListed(Scene& scene) {
     return uninstaller(scene).stage() == Ui::Stage::Result;
 }
@@ -73,6 +79,15 @@ Shots uninstallerShots() {
             {.name = "uninstaller-detail", .prepare = {detail}, .isAlsoSmall = true},
             {.name = "uninstaller-no-leftovers", .prepare = {list, choose("org.example.markup")}},
             {.name = "uninstaller-search-nothing", .prepare = {list, filter, type("zebra")}},
+            {.name = "uninstaller-trouble",
+             .prepare = {list},
+             .isAlsoSmall = true,
+             .precede = fillLockedFolder,
+             .refused = "AppImages"},
+            {.name = "uninstaller-failures",
+             .prepare = {list, click("showFailures")},
+             .precede = fillLockedFolder,
+             .refused = "AppImages"},
             {.name = "uninstaller-menu",
              .prepare = {detail, filter, press(Qt::Key_Return),
                          press(Qt::Key_F10, Qt::ShiftModifier)}},

@@ -32,6 +32,15 @@ QString whyEmpty(std::size_t all) {
                     : QStringLiteral("No application matches the search");
 }
 
+QString lookedIn(const std::vector<std::string>& folders) {
+    std::string text;
+    for (const std::string& folder : folders) {
+        text += (text.empty() ? "Looked in " : ", ");
+        text += (folder.starts_with('/') ? "" : "~/") + folder;
+    }
+    return shownText(text);
+}
+
 QString progress(std::int64_t read) {
     return shownCount(read, "application") + QStringLiteral(" read");
 }

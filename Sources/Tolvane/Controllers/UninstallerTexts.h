@@ -16,6 +16,8 @@ namespace tolvane::UninstallerTexts {
 QString count(std::size_t shown, std::size_t all);
 /// Why no application is shown.
 QString whyEmpty(std::size_t all);
+/// "Looked in ~/Applications, ~/.local/bin"
+QString lookedIn(const std::vector<std::string>& folders);
 /// "12 applications read"
 QString progress(std::int64_t read);
 

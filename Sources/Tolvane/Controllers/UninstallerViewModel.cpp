@@ -50,7 +50,8 @@ std::vector<InstalledApp> appsOf(const std::vector<AppRow>& rows) {
 }
 
 UninstallerViewModel::UninstallerViewModel(const Environment& environment)
-    : leftOutText_(shownText(environment.layout.applications.leftOut))
+    : lookedInText_(UninstallerTexts::lookedIn(environment.layout.applications.folders))
+    , leftOutText_(shownText(environment.layout.applications.leftOut))
     , environment_(environment)
     , installed_(std::make_shared<const std::vector<InstalledApp>>())
     , rows_(AppRows::roles(), [](const AppRow& row) { return AppRows::idOf(row.app()); })

@@ -43,6 +43,8 @@ class UninstallerViewModel : public QObject {
     PUBLISHED(UninstallerViewModel, QString, countText)
     /// Why the list is empty; empty when it is not.
     PUBLISHED(UninstallerViewModel, QString, emptyText)
+    /// In which folders applications are looked for.
+    PUBLISHED(UninstallerViewModel, QString, lookedInText)
     /// Which programs are not listed, and where they are removed; empty when all are listed.
     PUBLISHED(UninstallerViewModel, QString, leftOutText)
     /// "2 folders could not be read"; empty when all could.

@@ -17,6 +17,16 @@ Rectangle {
     Accessible.name: qsTr("Application")
 
     EmptyState {
+        objectName: "nothingFound"
+        anchors.fill: parent
+        visible: !panel.detail.hasApp && panel.controller.emptyText !== ""
+        iconName: "edit-find"
+        title: panel.controller.emptyText
+        text: panel.controller.query === "" ? panel.controller.lookedInText : qsTr("No name or identifier holds \"%1\".").arg(panel.controller.query)
+        actionText: panel.controller.query === "" ? "" : qsTr("Show all applications")
+        onActionTriggered: panel.controller.setQuery("")
+    }
+    EmptyState {
         objectName: "noApplication"
         anchors.fill: parent
         visible: !panel.detail.hasApp && panel.controller.emptyText === ""

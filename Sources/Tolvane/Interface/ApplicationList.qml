@@ -73,7 +73,8 @@ Item {
                 objectName: "emptyText"
                 anchors.fill: parent
                 anchors.margins: Theme.spacing
-                visible: !table.visible
+                // Beside no application there is room to say more.
+                visible: !table.visible && view.controller.detail.hasApp
                 text: view.controller.emptyText
                 color: Theme.secondaryText
                 horizontalAlignment: Text.AlignHCenter

@@ -19,7 +19,7 @@ TableRow {
         anchors.leftMargin: 10
         anchors.right: parent.right
         anchors.rightMargin: 14
-        y: 8
+        y: row.model.versionText === "" && row.model.sizeText === "" ? (row.height - height) / 2 : 8
         text: row.model.name
         font.weight: Font.Medium
         Accessible.ignored: true
