@@ -133,7 +133,7 @@ TEST_F(PortsViewModelTests, doesNotSignalAnotherProcessOfTheSameNumber) {
 TEST_F(PortsViewModelTests, keepsWhatItHasWhenAScanFails) {
     tell("p70\nca\nPTCP\nn*:80\np71\ncb\nPTCP\nn*:81\n");
     start();
-    EXPECT_EQ(controller->emptyText(), "The listeners are not known yet");
+    EXPECT_EQ(controller->emptyText(), "The listeners are not known");
     controller->refresh();
     controller->refresh();
     waitUntil([this] { return !controller->isScanning(); });

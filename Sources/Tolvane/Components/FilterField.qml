@@ -5,7 +5,7 @@ LineField {
     id: control
 
     leftPadding: 34
-    rightPadding: 34
+    rightPadding: length > 0 ? 34 : 10
     placeholderText: qsTr("Filter")
     // An Esc that has nothing to empty belongs to the screen.
     Keys.onEscapePressed: event => {

@@ -169,9 +169,9 @@ void PortsViewModel::showRows() {
     Q_EMIT rowsUpdated();
     isUpdating_ = false;
     hasListeners_ = all > 0;
-    countText_ = shownPart(shown, all, "listener");
+    countText_ = hasResult_ ? shownPart(shown, all, "listener") : QString();
     emptyText_ = shown > 0     ? QString()
-                 : !hasResult_ ? QStringLiteral("The listeners are not known yet")
+                 : !hasResult_ ? QStringLiteral("The listeners are not known")
                  : all == 0    ? QStringLiteral("No process listens on a TCP port")
                                : QStringLiteral("No listener matches the filter");
     killAllText_ = QStringLiteral("This sends SIGTERM to %1 process(es). Some may refuse or "

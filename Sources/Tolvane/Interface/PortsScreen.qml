@@ -33,6 +33,7 @@ Item {
         }
         ScreenBanner {
             objectName: "banner"
+            kind: screen.controller.hasResult ? Banner.Information : Banner.Warning
             text: screen.controller.banner
             onDismissed: screen.controller.dismissBanner()
         }

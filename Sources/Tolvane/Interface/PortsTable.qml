@@ -48,7 +48,7 @@ Item {
         DataColumn {
             title: qsTr("Process")
             role: "processText"
-            width: 140
+            width: table.width > 800 ? 180 : 140
             minimumWidth: 96
             sortKey: Ui.Process
         }
@@ -61,7 +61,7 @@ Item {
         }
         DataColumn {
             title: qsTr("Addresses")
-            width: 200
+            width: table.width > 800 ? 260 : 200
             minimumWidth: 120
             delegate: AddressesCell {}
         }
@@ -78,6 +78,8 @@ Item {
         visible: !table.visible && !busy.visible
         iconName: "network"
         title: view.controller.emptyText
+        actionText: view.controller.hasResult ? "" : qsTr("Try again")
+        onActionTriggered: view.controller.refresh()
         note: view.controller.hasResult ? qsTr("Looked at all TCP sockets in the LISTEN state that you may see.") : ""
     }
     FractionBar {

@@ -21,6 +21,7 @@ ScreenToolbar {
     ScreenFilter {
         id: filter
 
+        Layout.minimumWidth: toolbar.width > 720 ? 280 : 96
         Layout.preferredWidth: 2000
         Layout.maximumWidth: 320
         placeholderText: qsTr("Filter port, process, PID, or path")
