@@ -1,6 +1,8 @@
 #include "SampleHome.h"
 #include "Shot.h"
 
+#include <filesystem>
+
 namespace tolvane {
 namespace {
 
@@ -53,6 +55,12 @@ Shots duplicatesShots() {
              .prepare = {show("Duplicates")},
              .isAlsoSmall = true,
              .precede = nothing},
+            {.name = "duplicates-start-no-folder",
+             .prepare = {show("Duplicates")},
+             .precede =
+                 [](const TemporaryHome& home) {
+                     std::filesystem::remove_all(home.path("Downloads"));
+                 }},
             {.name = "duplicates-working", .prepare = {hold}, .heldAt = "thesis.pdf"},
             {.name = "duplicates-partial",
              .prepare = {hold, stop, goOn, until(hasResult)},

@@ -66,6 +66,7 @@ DuplicatesViewModel::~DuplicatesViewModel() = default;
 // Scanning
 
 void DuplicatesViewModel::appeared() {
+    publishRoot();
     if (environment_.defaults.flag(autoRunKey) && !index_ && !scanJob_.isRunning()) {
         scan();
     }
@@ -257,6 +258,9 @@ Activity::State DuplicatesViewModel::activityState() const {
 void DuplicatesViewModel::publishRoot() {
     rootPath_ = shownPath(root_);
     rootName_ = ScanTexts::name(root_);
+    // A folder that was chosen may lie where nothing answers; that shows when it is scanned.
+    isRootOffered_ =
+        root_ != environment_.layout.locations.downloads || environment_.files->exists(root_);
     lockedText_ = DuplicatesTexts::locked(root_);
 }
 

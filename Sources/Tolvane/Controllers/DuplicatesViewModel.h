@@ -51,6 +51,8 @@ class DuplicatesViewModel : public QObject {
     // Ready text.
     PUBLISHED(DuplicatesViewModel, QString, rootPath)
     PUBLISHED(DuplicatesViewModel, QString, rootName)
+    /// Whether the root can be offered: not everybody has the folder that it is at first.
+    PUBLISHED(DuplicatesViewModel, bool, isRootOffered)
     /// The minimum size as it can be edited: "1 MiB"
     PUBLISHED(DuplicatesViewModel, QString, minimumSizeText)
     /// Why the last text was no minimum size; empty when it was one.

@@ -62,14 +62,14 @@ Item {
                 iconName: "duplicates"
                 title: qsTr("Find what you have twice")
                 text: qsTr("Files of the same content are put side by side, wherever they lie. You choose which copies move to the Trash.")
-                actionText: qsTr("Scan %1").arg(screen.controller.rootName)
+                actionText: screen.controller.isRootOffered ? qsTr("Scan %1").arg(screen.controller.rootName) : qsTr("Choose folder...")
                 note: qsTr("Only files of equal size are opened, to compare their contents; scanning changes nothing. Hidden files and what lies in packages are left out.")
                 places: screen.controller.quickPlaces
                 settings: MinimumSizeField {
                     controller: screen.controller
-                    onConfirmed: screen.controller.scan()
+                    onConfirmed: if (screen.controller.isRootOffered) screen.controller.scan()
                 }
-                onActionTriggered: screen.controller.scan()
+                onActionTriggered: screen.controller.isRootOffered ? screen.controller.scan() : screen.controller.chooseRoot()
                 onPlaceChosen: row => screen.controller.scanQuickPlace(row)
             }
             WorkingPage {
