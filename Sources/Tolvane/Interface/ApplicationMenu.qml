@@ -29,7 +29,7 @@ ContextMenu {
     ContextMenuSeparator {}
     ContextMenuItem {
         objectName: "menuReveal"
-        iconName: "go-next"
+        iconName: "folder-open"
         text: qsTr("Show in file manager")
         onTriggered: menu.controller.revealApp(menu.appID)
     }

@@ -22,7 +22,7 @@ ContextMenu {
     ContextMenuItem {
         objectName: "menuOpen"
         visible: !menu.isHeader
-        iconName: "folder-open"
+        iconName: "text-x-generic"
         text: qsTr("Open")
         shortcutText: qsTr("Return")
         onTriggered: menu.controller.open(menu.row)
@@ -30,7 +30,7 @@ ContextMenu {
     ContextMenuItem {
         objectName: "menuReveal"
         visible: !menu.isHeader
-        iconName: "go-next"
+        iconName: "folder-open"
         text: qsTr("Show in file manager")
         onTriggered: menu.controller.reveal(menu.row)
     }

@@ -18,7 +18,7 @@ ContextMenu {
     objectName: "itemMenu"
 
     ContextMenuItem {
-        iconName: "folder-open"
+        iconName: "go-next"
         text: qsTr("Open")
         shortcutText: qsTr("Return")
         onTriggered: menu.controller.open(menu.nodeID)
@@ -31,7 +31,7 @@ ContextMenu {
     }
     ContextMenuSeparator {}
     ContextMenuItem {
-        iconName: "go-next"
+        iconName: "folder-open"
         text: qsTr("Show in file manager")
         onTriggered: menu.controller.reveal(menu.nodeID)
     }

@@ -18,7 +18,7 @@ ContextMenu {
 
     ContextMenuItem {
         objectName: "menuReveal"
-        iconName: "go-next"
+        iconName: "folder-open"
         text: qsTr("Show in file manager")
         shortcutText: qsTr("Return")
         onTriggered: menu.controller.revealLeftover(menu.row)

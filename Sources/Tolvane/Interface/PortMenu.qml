@@ -46,7 +46,7 @@ ContextMenu {
         onTriggered: menu.controller.copyPort(menu.portID)
     }
     ContextMenuItem {
-        iconName: "go-next"
+        iconName: "folder-open"
         text: qsTr("Reveal Executable")
         visible: menu.hasExecutable
         onTriggered: menu.controller.reveal(menu.portID)
