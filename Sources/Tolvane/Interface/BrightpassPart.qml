@@ -31,7 +31,8 @@ Rectangle {
 
         RowLayout {
             Layout.leftMargin: Theme.wideSpacing
-            Layout.rightMargin: Theme.wideSpacing
+            // As the rows, which end beside the scroll bar.
+            Layout.rightMargin: Theme.pageMargin
 
             ElidedLabel {
                 Layout.fillWidth: true
