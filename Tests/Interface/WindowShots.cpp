@@ -53,7 +53,7 @@ Shots windowShots() {
         {.name = "settings",
          .prepare = {press(Qt::Key_Comma, Qt::ControlModifier), heighten, wait(300)},
          .precede = crash},
-        {.name = "shortcuts", .prepare = {press(Qt::Key_F1)}},
+        {.name = "shortcuts", .prepare = {press(Qt::Key_F1)}, .isAlsoSmall = true},
     };
 }
 
