@@ -83,6 +83,7 @@ Item {
         }
         FooterLink {
             objectName: "showFailures"
+            Layout.leftMargin: -Theme.spacing
             visible: text !== ""
             iconName: "dialog-warning"
             ink: Theme.warningText

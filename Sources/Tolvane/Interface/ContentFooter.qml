@@ -49,7 +49,8 @@ Item {
         }
         FooterLink {
             objectName: "showPurgeable"
-            visible: text !== ""
+            // In a narrow window the totals and what is ticked come first.
+            visible: text !== "" && (footer.width >= 720 || footer.controller.selectionText === "")
             iconName: "purgeable"
             text: footer.controller.purgeableText
             onClicked: footer.controller.openPurgeable()

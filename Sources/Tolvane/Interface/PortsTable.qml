@@ -48,7 +48,7 @@ Item {
         DataColumn {
             title: qsTr("Process")
             role: "processText"
-            width: table.width > 800 ? 180 : 140
+            width: 140
             minimumWidth: 96
             sortKey: Ui.Process
         }
@@ -61,7 +61,7 @@ Item {
         }
         DataColumn {
             title: qsTr("Addresses")
-            width: table.width > 800 ? 260 : 200
+            width: table.width > 800 ? 240 : 200
             minimumWidth: 120
             delegate: AddressesCell {}
         }

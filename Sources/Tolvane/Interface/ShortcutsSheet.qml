@@ -30,23 +30,28 @@ Sheet {
     preferredWidth: 480
     defaultButton: close
 
-    Repeater {
-        model: sheet.shortcuts
+    // The lines draw together where the window is low.
+    ColumnLayout {
+        spacing: 0
 
-        RowLayout {
-            id: row
+        Repeater {
+            model: sheet.shortcuts
 
-            required property var modelData
+            RowLayout {
+                id: row
 
-            Layout.preferredHeight: 20
+                required property var modelData
 
-            PlainLabel {
-                Layout.fillWidth: true
-                text: row.modelData.text
-            }
-            PlainLabel {
-                text: row.modelData.keys
-                color: Theme.secondaryText
+                Layout.preferredHeight: 28
+
+                PlainLabel {
+                    Layout.fillWidth: true
+                    text: row.modelData.text
+                }
+                PlainLabel {
+                    text: row.modelData.keys
+                    color: Theme.secondaryText
+                }
             }
         }
     }
