@@ -97,6 +97,8 @@ TEST_F(PerformanceViewModelTests, runsOneActionAtATime) {
     EXPECT_EQ(controller->statuses().at("ls"), controller->banner().toStdString());
     waitUntil([this] { return controller->knowsSnapshots(); });
     EXPECT_EQ(bannerAfter("dns"), "no <b>bus</b>\nat all");
+    EXPECT_THAT(texts(*controller->maintenanceRows(), "hasFailed"),
+                ElementsAre("false", "false", "true", "false", "false", "false"));
     EXPECT_EQ(home.logged("performance maintenance dns: no <b>bus</b>\n\n at all\n"), 1);
 
     std::filesystem::remove(home.path("go"));

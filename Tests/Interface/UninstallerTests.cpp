@@ -54,6 +54,9 @@ TEST_F(UninstallerTests, canBeWorkedByKeyboardAlone) {
     EXPECT_TRUE(harness.shows(controller.detail()->leftoversText()));
     harness.press(Qt::Key_Delete);
     ASSERT_NE(harness.find("reviewRow3"), nullptr) << "the application and three leftovers";
+    ASSERT_TRUE(harness.tabTo("reviewRow0"));
+    harness.press(Qt::Key_Delete);
+    EXPECT_EQ(controller.removal()->rows()->count(), 3) << "one is left out";
     harness.press(Qt::Key_Return);
     EXPECT_FALSE(controller.showReview()) << "the default button removes nothing";
     harness.press(Qt::Key_Delete);
