@@ -153,7 +153,7 @@ std::vector<MaintenanceRow> maintenance(const std::map<std::string, std::string>
     for (MaintenanceRow& row : rows) {
         const auto status = statuses.find(row.key.toStdString());
         row.isRunning = row.key.toStdString() == running;
-        row.hasFailed = failed.count(row.key.toStdString()) > 0;
+        row.hasFailed = failed.contains(row.key.toStdString());
         row.isAvailable = running.empty() || row.key == "own";
         row.statusText = status != statuses.end() ? shownLines(status->second)
                          : row.isRunning          ? QString::fromUtf8(PerformanceTexts::running)
