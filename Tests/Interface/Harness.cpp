@@ -121,10 +121,14 @@ QQuickItem* Harness::wait(const std::function<bool(const QQuickItem&)>& isWanted
     return QTest::qWaitFor(look, shortPatience) ? found : nullptr;
 }
 
-void Harness::click(const QString& objectName) {
-    QQuickItem* const item = wait([&objectName](const QQuickItem& each) {
-        return each.objectName() == objectName && each.isEnabled();
+QQuickItem* Harness::findEnabled(const QString& objectName) {
+    return wait([&objectName](const QQuickItem& item) {
+        return item.objectName() == objectName && item.isEnabled();
     });
+}
+
+void Harness::click(const QString& objectName) {
+    QQuickItem* const item = findEnabled(objectName);
     ASSERT_NE(item, nullptr) << "nothing to click is called " << objectName.toStdString();
     click(item);
 }
@@ -160,6 +164,9 @@ void Harness::type(const QString& text) {
 
 bool Harness::tabTo(const QString& objectName) {
     constexpr int mostStops = 60;
+    if (findEnabled(objectName) == nullptr) {
+        return false;
+    }
     for (int stop = 0; stop < mostStops; ++stop) {
         const QQuickItem* const focused = window().activeFocusItem();
         if (focused != nullptr && focused->objectName() == objectName) {

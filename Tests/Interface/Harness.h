@@ -73,6 +73,7 @@ class Harness {
 
   private:
     QQuickItem* wait(const std::function<bool(const QQuickItem&)>& isWanted);
+    QQuickItem* findEnabled(const QString& objectName);
 
     const HostLayout layout_;
     RecordingWorkspace workspace_;
