@@ -33,7 +33,7 @@ class DirectoryChain {
     const std::string purgeableBelow;
     ListingArena arena;
     /// Small, since one read of it cannot be cancelled: on a cold disk each 4 KiB of a large
-    /// directory may be a seek of their own.
+    /// directory may take a seek of its own.
     alignas(8) std::array<char, 8 * 1024> buffer;
 
   private:
